@@ -1,0 +1,23 @@
+#include "zrsimprp/host/CheckBox.h"
+
+#include "zrsimprp/host/RuntimeError.h"
+
+namespace zrsimprp {
+
+void CheckBox::SetValue(int32_t value) {
+  if (value < kUnchecked || value > kGrayed) {
+    throw RuntimeError(error_number::kInvalidPropertyValue, "CheckBox", "Invalid property value");
+  }
+  if (value == value_) return;
+  value_ = value;
+  Changed();
+  if (on_click_) on_click_();
+}
+
+bool CheckBox::UserClick() {
+  if (!Enabled() || !Visible()) return false;
+  SetValue(value_ == kUnchecked ? kChecked : kUnchecked);
+  return true;
+}
+
+}  // namespace zrsimprp

@@ -1,0 +1,358 @@
+#include "zrsimprp/host/MemoryProjectDatabase.h"
+
+#include "zrsimprp/host/Conversions.h"
+#include "zrsimprp/host/RuntimeError.h"
+
+namespace zrsimprp {
+
+namespace {
+
+struct SettingKey {
+  std::string section;
+  std::string key;
+  bool operator<(const SettingKey& other) const {
+    return std::tie(section, key) < std::tie(other.section, other.key);
+  }
+};
+
+}  // namespace
+
+struct MemoryProjectDatabase::State {
+  std::vector<std::vector<std::shared_ptr<DesignRecord>>> design_groups;
+  std::vector<std::vector<std::shared_ptr<SurveyRecord>>> survey_groups;
+  std::map<std::string, LayerData> layers;  // by lower-case name
+  std::vector<std::shared_ptr<DataFilter>> data_filters;
+  std::vector<std::shared_ptr<ModelDefinition>> model_definitions;
+  std::map<std::string, Variant> defaults;  // by lower-case engine name
+  std::map<SettingKey, Variant> settings;   // by lower-case section and key
+  std::vector<SettingWrite> setting_writes;
+};
+
+namespace {
+
+using Database = MemoryProjectDatabase;
+
+class MemoryDesign : public DesignRecord {
+ public:
+  MemoryDesign(int32_t id, std::string name, std::string text) : id_(id), name_(std::move(name)), text_(std::move(text)) {}
+  int32_t ID() override { return id_; }
+  std::string Name() override { return name_; }
+  std::string DefinitionText() override { return text_; }
+
+ private:
+  int32_t id_;
+  std::string name_;
+  std::string text_;
+};
+
+class MemorySurvey : public SurveyRecord {
+ public:
+  MemorySurvey(int32_t id, std::string name, int32_t status, int32_t design_id)
+      : id_(id), name_(std::move(name)), status_(status), design_id_(design_id) {}
+  int32_t ID() override { return id_; }
+  std::string Name() override { return name_; }
+  int32_t Status() override { return status_; }
+  int32_t DesignID() override { return design_id_; }
+
+ private:
+  int32_t id_;
+  std::string name_;
+  int32_t status_;
+  int32_t design_id_;
+};
+
+template <class R>
+class MemoryGroup : public RecordGroup<R> {
+ public:
+  explicit MemoryGroup(std::vector<std::shared_ptr<R>> records) : records_(std::move(records)) {}
+  std::vector<std::shared_ptr<R>> Records() override { return records_; }
+
+ private:
+  std::vector<std::shared_ptr<R>> records_;
+};
+
+class MemoryFilter : public DataFilter {
+ public:
+  MemoryFilter(int32_t id, std::string name) : id_(id), name_(std::move(name)) {}
+  void ItemValues(int32_t& a, int32_t& b, std::string& s) override {
+    a = id_;
+    b = id_;
+    s = name_;
+  }
+
+ private:
+  int32_t id_;
+  std::string name_;
+};
+
+class MemoryModel : public ModelDefinition {
+ public:
+  MemoryModel(int32_t id, std::string name, std::string engine, std::string text)
+      : id_(id), name_(std::move(name)), engine_(std::move(engine)), text_(std::move(text)) {}
+  void ItemValues(int32_t& a, int32_t& b, std::string& s) override {
+    a = id_;
+    b = id_;
+    s = name_;
+  }
+  std::string EngineName() override { return engine_; }
+  std::string DefinitionText() override { return text_; }
+
+ private:
+  int32_t id_;
+  std::string name_;
+  std::string engine_;
+  std::string text_;
+};
+
+class MemoryField : public Field {
+ public:
+  explicit MemoryField(std::string name) : name_(std::move(name)) {}
+  std::string Name() override { return name_; }
+
+ private:
+  std::string name_;
+};
+
+class MemoryTable : public AttributeTable {
+ public:
+  MemoryTable(std::string id_field, std::string label_field)
+      : id_field_(std::move(id_field)), label_field_(std::move(label_field)) {}
+  std::shared_ptr<Field> IDField() override { return std::make_shared<MemoryField>(id_field_); }
+  std::shared_ptr<Field> LabelField() override {
+    if (label_field_.empty()) return nullptr;
+    return std::make_shared<MemoryField>(label_field_);
+  }
+
+ private:
+  std::string id_field_;
+  std::string label_field_;
+};
+
+class MemoryFeature : public Feature {};
+
+class MemoryLayer : public Layer {
+ public:
+  MemoryLayer(std::shared_ptr<Database> database, const Database::LayerData& data)
+      : database_(std::move(database)), data_(data) {}
+
+  std::string Name() override { return data_.name; }
+  int32_t Kind() override { return data_.kind; }
+
+  std::shared_ptr<Layer> Parent(const std::string&) override {
+    database_->Touch("Parent", "Layer");
+    const Database::LayerData* parent = database_->FindLayer(data_.parent);
+    if (data_.parent.empty() || parent == nullptr) {
+      throw RuntimeError(error_number::kInvalidProcedureCall, "Layer",
+                         "The layer '" + data_.name + "' has no parent layer");
+    }
+    return std::make_shared<MemoryLayer>(database_, *parent);
+  }
+
+  std::shared_ptr<zrsimprp::AttributeTable> AttributeTable() override {
+    database_->Touch("AttributeTable", "Layer");
+    return std::make_shared<MemoryTable>(data_.id_field, data_.label_field);
+  }
+
+  std::optional<std::vector<std::vector<Variant>>> GetRows(const std::string& fields, int32_t, int32_t) override {
+    database_->Touch("GetRows", "Layer");
+    std::vector<std::vector<Variant>> rows;
+    for (const std::string& field : Split(fields, ',')) {
+      if (TextEquals(field, data_.id_field)) {
+        rows.push_back(data_.ids);
+      } else if (!data_.label_field.empty() && TextEquals(field, data_.label_field)) {
+        rows.push_back(data_.labels);
+      } else {
+        throw RuntimeError(error_number::kInvalidProcedureCall, "Layer",
+                           "The layer '" + data_.name + "' has no field '" + field + "'");
+      }
+    }
+    if (data_.ids.empty()) return std::nullopt;
+    return rows;
+  }
+
+  std::shared_ptr<Feature> FeatureByID(const Variant& id) override {
+    database_->Touch("FeatureByID", "Layer");
+    const std::string wanted = VariantToText(id);
+    for (const Variant& candidate : data_.ids) {
+      if (VariantToText(candidate) == wanted) return std::make_shared<MemoryFeature>();
+    }
+    throw RuntimeError(error_number::kInvalidProcedureCall, "Layer",
+                       "The layer '" + data_.name + "' has no feature with identifier " + wanted);
+  }
+
+ private:
+  std::shared_ptr<Database> database_;
+  Database::LayerData data_;
+};
+
+class MemoryCatalogue : public LayerCatalogue {
+ public:
+  explicit MemoryCatalogue(std::shared_ptr<Database> database) : database_(std::move(database)) {}
+  std::shared_ptr<Layer> LayerByName(const std::string& name) override {
+    database_->Touch("LayerByName", "LayerCatalogue");
+    const Database::LayerData* data = database_->FindLayer(name);
+    if (data == nullptr) {
+      throw RuntimeError(error_number::kInvalidProcedureCall, "LayerCatalogue",
+                         "The project has no layer named '" + name + "'");
+    }
+    return std::make_shared<MemoryLayer>(database_, *data);
+  }
+
+ private:
+  std::shared_ptr<Database> database_;
+};
+
+class MemorySettings : public ProjectSettings {
+ public:
+  MemorySettings(std::shared_ptr<Database> database, std::shared_ptr<Database::State> state)
+      : database_(std::move(database)), state_(std::move(state)) {}
+  Variant ReadSetting(int32_t, int32_t, const std::string& section, const std::string& key,
+                      const Variant& default_value) override;
+  void WriteSetting(int32_t a, int32_t b, const std::string& section, const std::string& key,
+                    const Variant& value) override;
+
+ private:
+  std::shared_ptr<Database> database_;
+  std::shared_ptr<Database::State> state_;
+};
+
+class MemoryDefaults : public EngineDefaults {
+ public:
+  MemoryDefaults(std::shared_ptr<Database> database, std::shared_ptr<Database::State> state)
+      : database_(std::move(database)), state_(std::move(state)) {}
+  Variant DefaultDefinition(const std::string& engine) override;
+
+ private:
+  std::shared_ptr<Database> database_;
+  std::shared_ptr<Database::State> state_;
+};
+
+}  // namespace
+
+// The settings and defaults classes need State, which is complete only here.
+Variant MemorySettings::ReadSetting(int32_t, int32_t, const std::string& section, const std::string& key,
+                                    const Variant& default_value) {
+  database_->Touch("ReadSetting", "ProjectSettings");
+  const auto it = state_->settings.find(SettingKey{ToLowerAscii(section), ToLowerAscii(key)});
+  return it == state_->settings.end() ? default_value : it->second;
+}
+
+void MemorySettings::WriteSetting(int32_t a, int32_t b, const std::string& section, const std::string& key,
+                                  const Variant& value) {
+  database_->Touch("WriteSetting", "ProjectSettings");
+  state_->settings[SettingKey{ToLowerAscii(section), ToLowerAscii(key)}] = value;
+  state_->setting_writes.push_back(Database::SettingWrite{a, b, section, key, value});
+}
+
+Variant MemoryDefaults::DefaultDefinition(const std::string& engine) {
+  database_->Touch("DefaultDefinition", "EngineDefaults");
+  const auto it = state_->defaults.find(ToLowerAscii(engine));
+  if (it == state_->defaults.end()) {
+    throw RuntimeError(error_number::kInvalidProcedureCall, "EngineDefaults",
+                       "There is no default definition for the engine '" + engine + "'");
+  }
+  return it->second;
+}
+
+MemoryProjectDatabase::MemoryProjectDatabase() : state_(std::make_shared<State>()) {}
+
+void MemoryProjectDatabase::AddDesign(int32_t id, const std::string& name, const std::string& definition_text,
+                                      size_t group) {
+  if (state_->design_groups.size() <= group) state_->design_groups.resize(group + 1);
+  state_->design_groups[group].push_back(std::make_shared<MemoryDesign>(id, name, definition_text));
+}
+
+void MemoryProjectDatabase::AddSurvey(int32_t id, const std::string& name, int32_t status, int32_t design_id,
+                                      size_t group) {
+  if (state_->survey_groups.size() <= group) state_->survey_groups.resize(group + 1);
+  state_->survey_groups[group].push_back(std::make_shared<MemorySurvey>(id, name, status, design_id));
+}
+
+void MemoryProjectDatabase::AddLayer(LayerData layer) {
+  const std::string key = ToLowerAscii(layer.name);
+  state_->layers[key] = std::move(layer);
+}
+
+void MemoryProjectDatabase::AddDataFilter(int32_t id, const std::string& name) {
+  state_->data_filters.push_back(std::make_shared<MemoryFilter>(id, name));
+}
+
+void MemoryProjectDatabase::AddModelDefinition(int32_t id, const std::string& name, const std::string& engine,
+                                               const std::string& definition_text) {
+  state_->model_definitions.push_back(std::make_shared<MemoryModel>(id, name, engine, definition_text));
+}
+
+void MemoryProjectDatabase::SetDefaultDefinition(const std::string& engine, const Variant& definition) {
+  state_->defaults[ToLowerAscii(engine)] = definition;
+}
+
+void MemoryProjectDatabase::SetSetting(const std::string& section, const std::string& key, const Variant& value) {
+  state_->settings[SettingKey{ToLowerAscii(section), ToLowerAscii(key)}] = value;
+}
+
+int MemoryProjectDatabase::Calls(const std::string& operation) const {
+  const auto it = calls_.find(operation);
+  return it == calls_.end() ? 0 : it->second;
+}
+
+const std::vector<MemoryProjectDatabase::SettingWrite>& MemoryProjectDatabase::SettingWrites() const {
+  return state_->setting_writes;
+}
+
+Variant MemoryProjectDatabase::StoredSetting(const std::string& section, const std::string& key) const {
+  const auto it = state_->settings.find(SettingKey{ToLowerAscii(section), ToLowerAscii(key)});
+  return it == state_->settings.end() ? Variant() : it->second;
+}
+
+void MemoryProjectDatabase::Touch(const std::string& operation, const std::string& source) {
+  ++calls_[operation];
+  if (failing_.count(operation) != 0) {
+    throw RuntimeError(error_number::kInvalidProcedureCall, source, operation + " failed (injected by the test)");
+  }
+}
+
+const MemoryProjectDatabase::LayerData* MemoryProjectDatabase::FindLayer(const std::string& name) const {
+  const auto it = state_->layers.find(ToLowerAscii(name));
+  return it == state_->layers.end() ? nullptr : &it->second;
+}
+
+std::shared_ptr<ProjectSettings> MemoryProjectDatabase::Settings() {
+  Touch("Settings", "ProjectDatabase");
+  return std::make_shared<MemorySettings>(shared_from_this(), state_);
+}
+
+std::shared_ptr<LayerCatalogue> MemoryProjectDatabase::Companion() {
+  Touch("Companion", "ProjectDatabase");
+  return std::make_shared<MemoryCatalogue>(shared_from_this());
+}
+
+std::shared_ptr<zrsimprp::EngineDefaults> MemoryProjectDatabase::EngineDefaults() {
+  Touch("EngineDefaults", "ProjectDatabase");
+  return std::make_shared<MemoryDefaults>(shared_from_this(), state_);
+}
+
+std::vector<std::shared_ptr<RecordGroup<DesignRecord>>> MemoryProjectDatabase::DesignGroups() {
+  Touch("DesignGroups", "ProjectDatabase");
+  std::vector<std::shared_ptr<RecordGroup<DesignRecord>>> groups;
+  for (const auto& records : state_->design_groups) groups.push_back(std::make_shared<MemoryGroup<DesignRecord>>(records));
+  return groups;
+}
+
+std::vector<std::shared_ptr<RecordGroup<SurveyRecord>>> MemoryProjectDatabase::SurveyGroups() {
+  Touch("SurveyGroups", "ProjectDatabase");
+  std::vector<std::shared_ptr<RecordGroup<SurveyRecord>>> groups;
+  for (const auto& records : state_->survey_groups) groups.push_back(std::make_shared<MemoryGroup<SurveyRecord>>(records));
+  return groups;
+}
+
+std::vector<std::shared_ptr<DataFilter>> MemoryProjectDatabase::DataFilters() {
+  Touch("DataFilters", "ProjectDatabase");
+  return state_->data_filters;
+}
+
+std::vector<std::shared_ptr<ModelDefinition>> MemoryProjectDatabase::ModelDefinitions() {
+  Touch("ModelDefinitions", "ProjectDatabase");
+  return state_->model_definitions;
+}
+
+}  // namespace zrsimprp

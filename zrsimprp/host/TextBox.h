@@ -1,0 +1,32 @@
+#pragma once
+
+#include <string>
+
+#include "zrsimprp/host/Control.h"
+
+namespace zrsimprp {
+
+// A free-text box. Setting the text from code raises no event.
+class TextBox : public Control {
+ public:
+  explicit TextBox(std::string text = "") : text_(std::move(text)) {}
+
+  const std::string& Text() const { return text_; }
+  void SetText(const std::string& text) {
+    if (text_ == text) return;
+    text_ = text;
+    Changed();
+  }
+
+  // A person typed: accepted only while the box is enabled.
+  bool UserType(const std::string& text) {
+    if (!Enabled()) return false;
+    SetText(text);
+    return true;
+  }
+
+ private:
+  std::string text_;
+};
+
+}  // namespace zrsimprp

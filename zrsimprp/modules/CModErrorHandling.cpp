@@ -1,0 +1,27 @@
+#include "zrsimprp/modules/CModErrorHandling.h"
+
+namespace zrsimprp {
+
+std::string CModErrorHandling::InternalErrorText(const std::string& component_name,
+                                                 const std::string& module_name,
+                                                 const std::string& routine_name, const RuntimeError& error) {
+  const std::string crlf = "\r\n";
+  return "The following internal error has occured in Pellunar:" + crlf + crlf + error.description + crlf +
+         crlf + "(Error raised from: " + component_name + "." + module_name + "." + routine_name + ")" + crlf +
+         "(Error source: " + error.source + ")" + crlf + "(Error number: " + std::to_string(error.number) +
+         ")" + crlf + crlf +
+         "If you suspect that this error is caused by a bug in the program, "
+         "please note down all of the above information and contact the program authors." +
+         crlf + crlf + "Press Ok and Pellunar will try to recover from the error." + crlf +
+         "Press Help for more information about internal errors in Pellunar.";
+}
+
+void CModErrorHandling::ReportInternalError(Platform& platform, const std::string& module_name,
+                                            const std::string& routine_name, const RuntimeError& error) {
+  platform.ResetMousePointer();
+  const std::string text = InternalErrorText(platform.ComponentName(), module_name, routine_name, error);
+  platform.Beep();
+  platform.MessageBox(text, "Pellunar Internal Error", MessageIcon::Critical);
+}
+
+}  // namespace zrsimprp

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <string>
+
+#include "zrsimprp/host/Platform.h"
+#include "zrsimprp/host/RuntimeError.h"
+
+namespace zrsimprp {
+
+// The internal-error report that every trapped routine shows when an unexpected error reaches it.
+class CModErrorHandling {
+ public:
+  // What a page's IsValid leaves in its message when an error interrupts its checks.
+  static constexpr const char* kUnexpectedCheckMessage =
+      "An unexpected error occured while checking the options on this page.   "
+      "Please check they are valid and change any incorrect values";
+
+  // The report's text for `error` raised in module.routine of the component `component_name`.
+  static std::string InternalErrorText(const std::string& component_name, const std::string& module_name,
+                                       const std::string& routine_name, const RuntimeError& error);
+
+  // Resets the mouse pointer, beeps and shows the text in a critical-stop box titled
+  // "Pellunar Internal Error".
+  static void ReportInternalError(Platform& platform, const std::string& module_name,
+                                  const std::string& routine_name, const RuntimeError& error);
+};
+
+}  // namespace zrsimprp
