@@ -1,0 +1,116 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "projectdb/PolygonFeature.h"
+#include "zrsimprp/host/ProjectDatabase.h"
+
+namespace zrsimprp {
+
+class SqliteConnection;
+
+// A project file: a GeoPackage whose polygon feature tables are the map layers and whose attribute
+// tables hold the surveys, designs, data filters, model definitions, simulations, settings and engine
+// defaults. Every failure is a RuntimeError whose description a person can act on; every write is one
+// transaction.
+class GeoPackageProject : public ProjectDatabase, public std::enable_shared_from_this<GeoPackageProject> {
+ public:
+  // Guards against damaged or hostile files: a statement that runs longer than this many virtual
+  // machine steps is interrupted and reported.
+  struct OpenOptions {
+    int64_t statement_step_limit = 2'000'000'000;
+    int32_t busy_timeout_ms = 5000;
+  };
+
+  struct LayerInfo {
+    std::string name;
+    int32_t kind = 0;
+    std::string parent;  // "" for none
+    std::string id_field;
+    std::string label_field;  // "" for none
+    std::string table_name;
+  };
+  struct DesignInfo {
+    int32_t id = 0;
+    std::string name;
+    std::string definition_text;
+  };
+  struct SurveyInfo {
+    int32_t id = 0;
+    std::string name;
+    int32_t status = 0;
+    int32_t design_id = 0;
+  };
+  struct DataFilterInfo {
+    int32_t id = 0;
+    std::string name;
+  };
+  struct ModelDefinitionInfo {
+    int32_t id = 0;
+    std::string name;
+    std::string engine;
+    std::string definition_text;
+  };
+
+  // Opens an existing project read-write; never creates a file.
+  static std::shared_ptr<GeoPackageProject> Open(const std::string& path);
+  static std::shared_ptr<GeoPackageProject> Open(const std::string& path, const OpenOptions& options);
+  // Writes a new, empty project file; fails when the path exists.
+  static std::shared_ptr<GeoPackageProject> Create(const std::string& path);
+
+  ~GeoPackageProject() override;
+  GeoPackageProject(const GeoPackageProject&) = delete;
+  GeoPackageProject& operator=(const GeoPackageProject&) = delete;
+
+  std::string Path() const;
+
+  // Simulations, by name (case ignored), in the order they were created.
+  std::vector<std::string> SimulationNames();
+  std::string SimulationDefinition(const std::string& name);
+  void SaveSimulationDefinition(const std::string& name, const std::string& text);
+
+  // Builders.
+  void AddLayer(const std::string& name, int32_t kind, const std::string& parent_name,
+                const std::string& id_field, const std::string& label_field,
+                const std::vector<PolygonFeature>& features, int32_t srs_id = -1);
+  int32_t ImportLayer(const std::string& from_gpkg, const std::string& table, const std::string& id_field,
+                      const std::string& label_field, const std::string& name, int32_t kind,
+                      const std::string& parent);
+  void AddDesign(int32_t id, const std::string& name, const std::string& definition_text);
+  void AddSurvey(int32_t id, const std::string& name, int32_t status, int32_t design_id);
+  void AddDataFilter(int32_t id, const std::string& name);
+  void AddModelDefinition(int32_t id, const std::string& name, const std::string& engine,
+                          const std::string& definition_text);
+  void SetEngineDefault(const std::string& engine, const std::string& text);
+
+  // Listings.
+  std::vector<LayerInfo> Layers();
+  std::vector<DesignInfo> Designs();
+  std::vector<SurveyInfo> Surveys();
+  std::vector<DataFilterInfo> DataFilterList();
+  std::vector<ModelDefinitionInfo> ModelDefinitionList();
+  int64_t FeatureCount(const std::string& layer_name);
+
+  // ProjectDatabase
+  std::shared_ptr<ProjectSettings> Settings() override;
+  std::shared_ptr<LayerCatalogue> Companion() override;
+  std::shared_ptr<zrsimprp::EngineDefaults> EngineDefaults() override;
+  std::vector<std::shared_ptr<RecordGroup<DesignRecord>>> DesignGroups() override;
+  std::vector<std::shared_ptr<RecordGroup<SurveyRecord>>> SurveyGroups() override;
+  std::vector<std::shared_ptr<DataFilter>> DataFilters() override;
+  std::vector<std::shared_ptr<ModelDefinition>> ModelDefinitions() override;
+
+  // The open file, for the objects this project hands out.
+  SqliteConnection& Connection() { return *connection_; }
+
+ private:
+  GeoPackageProject(std::string path, std::unique_ptr<SqliteConnection> connection);
+
+  std::string path_;
+  std::unique_ptr<SqliteConnection> connection_;
+};
+
+}  // namespace zrsimprp
