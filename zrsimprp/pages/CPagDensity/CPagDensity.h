@@ -68,6 +68,14 @@ class CPagDensity : public PageControl {
   void CmdAddHotspotClick();
   void CmdSubHotspotClick();
 
+  void PaintDensityCells(Color color);
+  void PaintHotspotCells(Color color);
+  // Each gives the message of its first failing check, or "" when its checks pass.
+  std::string GridSpacingFailure() const;
+  std::string UniformDensityFailure() const;
+  std::string FormulaFailure() const;
+  std::string HotspotFailure() const;
+
   Platform& platform_;
 };
 
