@@ -1,0 +1,78 @@
+#pragma once
+
+#include <QImage>
+#include <QWidget>
+#include <memory>
+#include <string>
+
+#include "zrsimprp/qt/QtPlatform.h"
+
+class QScrollArea;
+class QStackedWidget;
+class QTabBar;
+
+namespace zrsimprp {
+
+class ProjectDatabase;
+class SIMProperties;
+class TabControlBinder;
+class CPagSimulationView;
+class CPagDensityView;
+class PopulationTabView;
+class CPagDetectabilityView;
+class CPagAnalysesView;
+class CPagMiscView;
+
+// The embeddable control: the six outer tabs and their pages, drawn from a SIMProperties that this
+// widget owns together with the platform it runs on. All behaviour is the model's; this widget only
+// shows it and passes a person's actions on.
+class SIMPropertiesWidget : public QWidget {
+  Q_OBJECT
+
+ public:
+  explicit SIMPropertiesWidget(QWidget* parent = nullptr);
+  ~SIMPropertiesWidget() override;
+
+  // The public interface of the control (errors of Initialize and ResetDefinition reach the caller).
+  std::string Definition();
+  void SetDefinition(const std::string& text);
+  void SetProjectDatabase(std::shared_ptr<ProjectDatabase> database);
+  bool IsValid();
+  void Initialize();
+  void ResetDefinition();
+
+  SIMProperties& Control();
+  QtPlatform& Platform();
+
+  // A person's click on outer tab `index` (0-5) or inner tab `index` (1-2); the model may refuse.
+  void ShowOuterTab(int index);
+  void ShowInnerTab(int index);
+  int CurrentOuterTab() const;
+  int CurrentInnerTab() const;
+
+  // Brings every view up to date with the model now instead of at the next turn of the event loop.
+  void RefreshNow();
+  // The control as it is drawn now, pending refreshes applied; for screenshots and documentation.
+  QImage Render();
+
+  QTabBar* OuterTabBar() const { return outer_tabs_; }
+  QTabBar* InnerTabBar() const;
+
+ private:
+  void BuildPages();
+  void SetUpTabOrder();
+
+  QtPlatform platform_;
+  std::unique_ptr<SIMProperties> control_;
+  QTabBar* outer_tabs_ = nullptr;
+  QStackedWidget* pages_ = nullptr;
+  TabControlBinder* outer_binder_ = nullptr;
+  CPagSimulationView* simulation_view_ = nullptr;
+  CPagDensityView* density_view_ = nullptr;
+  PopulationTabView* population_view_ = nullptr;
+  CPagDetectabilityView* detectability_view_ = nullptr;
+  CPagAnalysesView* analyses_view_ = nullptr;
+  CPagMiscView* misc_view_ = nullptr;
+};
+
+}  // namespace zrsimprp
