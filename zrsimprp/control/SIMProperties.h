@@ -1,0 +1,148 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+// Everything a host needs to embed the control: the host interfaces, values, errors and controls.
+#include "zrsimprp/host/AttributeTable.h"
+#include "zrsimprp/host/Button.h"
+#include "zrsimprp/host/CaptionedControl.h"
+#include "zrsimprp/host/Chart.h"
+#include "zrsimprp/host/CheckBox.h"
+#include "zrsimprp/host/Color.h"
+#include "zrsimprp/host/ComboBox.h"
+#include "zrsimprp/host/Control.h"
+#include "zrsimprp/host/DataFilter.h"
+#include "zrsimprp/host/DefinitionEntryCodec.h"
+#include "zrsimprp/host/DesignRecord.h"
+#include "zrsimprp/host/EngineDefaults.h"
+#include "zrsimprp/host/Feature.h"
+#include "zrsimprp/host/Field.h"
+#include "zrsimprp/host/Grid.h"
+#include "zrsimprp/host/Layer.h"
+#include "zrsimprp/host/LayerCatalogue.h"
+#include "zrsimprp/host/ModelDefinition.h"
+#include "zrsimprp/host/OptionGroup.h"
+#include "zrsimprp/host/PageControl.h"
+#include "zrsimprp/host/Platform.h"
+#include "zrsimprp/host/ProjectDatabase.h"
+#include "zrsimprp/host/ProjectSettings.h"
+#include "zrsimprp/host/RecordGroup.h"
+#include "zrsimprp/host/RuntimeError.h"
+#include "zrsimprp/host/SurveyRecord.h"
+#include "zrsimprp/host/TabControl.h"
+#include "zrsimprp/host/TabStrip.h"
+#include "zrsimprp/host/TextBox.h"
+#include "zrsimprp/host/Variant.h"
+// The pages, one per tab (Population and Covariates share the Population tab).
+#include "zrsimprp/pages/CPagAnalyses/CPagAnalyses.h"
+#include "zrsimprp/pages/CPagDensity/CPagDensity.h"
+#include "zrsimprp/pages/CPagDetectability/CPagDetectability.h"
+#include "zrsimprp/pages/CPagMisc/CPagMisc.h"
+#include "zrsimprp/pages/CPagPopulationCovars/CPagPopulationCovars.h"
+#include "zrsimprp/pages/CPagPopulationDescription/CPagPopulationDescription.h"
+#include "zrsimprp/pages/CPagSimulation/CPagSimulation.h"
+
+namespace zrsimprp {
+
+// The simulation properties control. The host hands it a project database and a definition text,
+// calls Initialize, lets the user edit the six tabbed pages and reads the rebuilt text back from
+// Definition. Everything runs on the host's user-interface thread.
+class SIMProperties {
+ public:
+  explicit SIMProperties(Platform& platform);
+  SIMProperties(const SIMProperties&) = delete;
+  SIMProperties& operator=(const SIMProperties&) = delete;
+
+  // In user mode the text is rebuilt from the pages (and kept); in design mode it is "".
+  // A failure while rebuilding is reported and gives "".
+  std::string Definition();
+  // Only kept: nothing is read until Initialize.
+  void SetDefinition(const std::string& text);
+  // Becomes the process-wide project database of every instance of the control.
+  void SetProjectDatabase(std::shared_ptr<ProjectDatabase> database);
+  // Validates the page that is shown; false in design mode.
+  bool IsValid();
+  // Fills the pages, loads the kept definition, restores the remembered tabs and hands the strata
+  // to the pages that depend on them. Errors reach the caller.
+  void Initialize();
+  // Loads the project's default definition for simulations, then initialises again.
+  void ResetDefinition();
+
+  TabControl tapSimulationDefinition{
+      {"&Simulation", "&Density", "&Population", "D&etectability", "&Analysis", "&Misc."}};
+  TabStrip tabsPopulationDescription{{{"General", "General"}, {"Covariates", "Covariates"}}};
+
+  CPagSimulation pagSimulation;
+  CPagDensity pagDensity;
+  CPagPopulationDescription pagPopulation;
+  CPagPopulationCovars pagCovariates;
+  CPagDetectability pagDetectability;
+  CPagAnalyses pagAnalyses;
+  CPagMisc pagMisc;
+
+ private:
+  // The field slots of one write. They are shared by all entries and never cleared, so an entry
+  // that sets no fields of its own carries the last ones set.
+  struct FieldSlots {
+    static constexpr size_t kSlotCount = 11;
+    std::vector<std::string> names = std::vector<std::string>(kSlotCount);
+    std::vector<std::string> values = std::vector<std::string>(kSlotCount);
+    int32_t count = 0;
+  };
+  using EntryReader = void (SIMProperties::*)(const DefinitionEntry& entry);
+
+  // Definition text to pages and back.
+  void ReadDefinition(const std::string& text);
+  std::string WriteDefinition();
+  static EntryReader FindEntryReader(const std::string& key);
+  static const std::string& FieldValue(const DefinitionEntry& entry, size_t position);
+  void ReadTransects(const DefinitionEntry& entry);
+  void ReadStrataLayer(const DefinitionEntry& entry);
+  void ReadReps(const DefinitionEntry& entry);
+  void ReadDensity(const DefinitionEntry& entry);
+  void ReadHotspot(const DefinitionEntry& entry);
+  void ReadPopSize(const DefinitionEntry& entry);
+  void ReadClusters(const DefinitionEntry& entry);
+  void ReadCategoricalCov(const DefinitionEntry& entry);
+  void ReadContinuousCov(const DefinitionEntry& entry);
+  void ReadDetectability(const DefinitionEntry& entry);
+  void ReadDetFuncParam(const DefinitionEntry& entry);
+  void ReadAnalyse(const DefinitionEntry& entry);
+  void ReadDataFilter(const DefinitionEntry& entry);
+  void ReadModelDef(const DefinitionEntry& entry);
+  void ReadModelSelection(const DefinitionEntry& entry);
+  void ReadParallelProcessing(const DefinitionEntry& entry);
+  void WriteSimulationEntries(std::string& text, FieldSlots& slots, bool line_breaks);
+  void WriteDensityEntries(std::string& text, FieldSlots& slots, bool line_breaks);
+  void WritePopulationEntries(std::string& text, FieldSlots& slots, bool line_breaks);
+  void WriteCovariateEntries(std::string& text, FieldSlots& slots, bool line_breaks);
+  void WriteDetectabilityEntries(std::string& text, FieldSlots& slots, bool line_breaks);
+  void WriteAnalysisEntries(std::string& text, FieldSlots& slots, bool line_breaks);
+  void WriteMiscEntries(std::string& text, FieldSlots& slots, bool line_breaks);
+  static void Append(std::string& text, const std::string& key, const std::string& value, FieldSlots& slots,
+                     int32_t field_count, bool line_breaks);
+  void StrataHandOver();
+
+  // Tabs.
+  void RestoreTabs();
+  bool ValidateShownPage(const std::string& inner_key);
+  void BeforeTabChange(int& new_index);
+  void AfterTabChange(int new_index);
+  void SelectInnerTab(const std::string& key);
+  void ShowInnerPage(const std::string& key);
+  void RefreshDetectability();
+
+  // Host objects; each raises a run-time error when the project database is missing.
+  std::shared_ptr<ProjectDatabase> RequireProjectDatabase();
+  std::shared_ptr<ProjectSettings> FreshSettings();
+
+  Platform& platform_;
+  std::string definition_;
+  std::string remembered_inner_key_;
+  bool initialized_ = false;
+};
+
+}  // namespace zrsimprp
