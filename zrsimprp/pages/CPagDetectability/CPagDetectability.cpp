@@ -270,21 +270,31 @@ void CPagDetectability::ReconcileLevelRows(int next, const std::vector<std::stri
   wanted.reserve(levels.size());
   for (const std::string& level : levels) wanted.insert(ToLowerAscii(level));
 
+  // Rows of levels that are still wanted move up over the rows of dropped levels, keeping their order,
+  // and the tail is cut once: one pass, however many levels go.
   std::unordered_set<std::string> present;
-  int row = next;
-  while (row < flxDetect.Rows()) {
+  int kept = next;
+  for (int row = next; row < flxDetect.Rows(); ++row) {
     std::string name = ToLowerAscii(flxDetect.TextMatrix(row, 0));
-    if (wanted.count(name) != 0) {
-      present.insert(std::move(name));
-      ++row;
-    } else {
-      flxDetect.RemoveItem(row);
-    }
+    if (wanted.count(name) == 0) continue;
+    present.insert(std::move(name));
+    if (row != kept) MoveParamRow(row, kept);
+    ++kept;
   }
+  flxDetect.SetRows(kept);
   for (const std::string& level : levels) {
     if (!present.insert(ToLowerAscii(level)).second) continue;
     flxDetect.AddItem();
     FillParamRow(flxDetect.Rows() - 1, level);
+  }
+}
+
+void CPagDetectability::MoveParamRow(int from, int to) {
+  for (int col = 0; col < flxDetect.Cols(); ++col) {
+    flxDetect.SetTextMatrix(to, col, flxDetect.TextMatrix(from, col));
+    flxDetect.SetCellAlignment(to, col, to, col, flxDetect.CellAlignmentAt(from, col));
+    // Column 0 is never painted: it keeps the fixed colour of its own accord.
+    if (col > 0) flxDetect.SetCellBackColor(to, col, to, col, flxDetect.CellBackColor(from, col));
   }
 }
 

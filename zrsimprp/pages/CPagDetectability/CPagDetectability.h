@@ -60,6 +60,7 @@ class CPagDetectability : public PageControl {
   int UpdateContinuousRow(int next, const std::string& continuous_cov, double mean_cov);
   void UpdateLevelRows(int next, const std::vector<std::string>& levels);
   void ReconcileLevelRows(int next, const std::vector<std::string>& levels);
+  void MoveParamRow(int from, int to);
   void InsertParamRow(int row, const std::string& name);
   void FillParamRow(int row, const std::string& name);
   void DrawDetFunction(int32_t stratum);
