@@ -277,6 +277,25 @@ TEST_F(DetectabilityPage, NewLevelsReplaceDroppedRowsKeepKeptOnesAndAppendNewOne
   EXPECT_EQ(page.flxDetect.CellAlignmentAt(4, 1), CellAlignment::kCenterCenter);
 }
 
+TEST_F(DetectabilityPage, KeptLevelRowsMoveUpWithTheirValuesAcrossStrata) {
+  StratifyThree();
+  page.UpdateFlxDetect(false, 0, "", 0, {"c", "b", "d"});
+  page.SetParam(4, "1,2,3");
+  page.SetParam(5, "4,5,6");
+  page.UpdateFlxDetect(false, 0, "", 0, {"d", "b"});
+  ASSERT_EQ(page.NumParams(), 4);
+  EXPECT_EQ(page.ParamName(3), "b");
+  EXPECT_EQ(page.Param(3), "1,2,3");
+  EXPECT_EQ(page.ParamName(4), "d");
+  EXPECT_EQ(page.Param(4), "4,5,6");
+  for (int row = 3; row <= 4; ++row) {
+    for (int col = 1; col <= 3; ++col) {
+      EXPECT_TRUE(IsNormal(row, col));
+      EXPECT_EQ(page.flxDetect.CellAlignmentAt(row, col), CellAlignment::kCenterCenter);
+    }
+  }
+}
+
 TEST_F(DetectabilityPage, LevelNamesAreMatchedWithoutRegardToCase) {
   page.UpdateFlxDetect(false, 0, "", 0, {"Low", "High"});
   page.SetParam(4, "2");
