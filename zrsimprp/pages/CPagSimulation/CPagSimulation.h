@@ -49,6 +49,9 @@ class CPagSimulation : public PageControl {
   void Initialize();
 
  private:
+  // Tests reach the click behaviours in states that no selection can produce (an empty layer list).
+  friend class CPagSimulationProbe;
+
   void OptDesignClick(int index);
   void CboSurveyClick();
   void CboDesignClick();
