@@ -1,0 +1,72 @@
+#include "zrsim/CommandLine.h"
+
+#include <exception>
+#include <ostream>
+
+#include "zrsim/ArgumentParser.h"
+#include "zrsim/ExitStatus.h"
+#include "zrsim/InputFiles.h"
+#include "zrsim/ProjectTool.h"
+#include "zrsim/SimulationCommands.h"
+#include "zrsim/UsageError.h"
+#include "zrsimprp/host/RuntimeError.h"
+
+namespace zrsim {
+
+std::string CommandLine::Usage() {
+  return "Usage: zrsim COMMAND [options]\n"
+         "\n"
+         "Checks, rewrites and summarises simulation definitions the way the properties control\n"
+         "reads them, and creates and fills project files.\n"
+         "\n"
+         "Commands:\n"
+         "  check      validate every page of a simulation, one line per page\n"
+         "  normalize  print the definition the control writes back\n"
+         "  show       print a readable summary of every page's values\n"
+         "  project    create the sample project, list a project, add layers, designs, surveys,\n"
+         "             data filters, model definitions and simulations\n"
+         "\n"
+         "Run 'zrsim COMMAND --help' for the options of a command.\n"
+         "Exit status: 0 success, 1 a page failed validation, 2 a mistake in the arguments or a\n"
+         "file that cannot be used.\n";
+}
+
+int CommandLine::Run(const std::vector<std::string>& words) {
+  try {
+    return Dispatch(words);
+  } catch (const UsageError& error) {
+    err_ << error.what() << "\n";
+    return kUsageOrFileError;
+  } catch (const zrsimprp::RuntimeError& error) {
+    err_ << "zrsim: " << error.description << " (error " << error.number << ", " << error.source << ")\n";
+    return kUsageOrFileError;
+  } catch (const std::exception& error) {
+    err_ << "zrsim: " << error.what() << "\n";
+    return kUsageOrFileError;
+  }
+}
+
+int CommandLine::Dispatch(const std::vector<std::string>& words) {
+  if (words.empty()) throw UsageError("zrsim: missing command\n" + Usage());
+  const std::string& command = words.front();
+  std::vector<std::string> rest(words.begin() + 1, words.end());
+  if (command == "--help" || command == "-h" || command == "help") {
+    out_ << Usage();
+    return kSuccess;
+  }
+  InputFiles files(in_);
+  if (command == "project") return ProjectTool(out_, err_, files).Run(rest);
+  if (command != "check" && command != "normalize" && command != "show") {
+    throw UsageError("zrsim: unknown command '" + command + "'\n" + Usage());
+  }
+  if (ArgumentParser::AsksForHelp(rest)) {
+    out_ << SimulationCommands::Usage(command);
+    return kSuccess;
+  }
+  SimulationCommands commands(out_, err_, files);
+  if (command == "check") return commands.Check(rest);
+  if (command == "normalize") return commands.Normalize(rest);
+  return commands.Show(rest);
+}
+
+}  // namespace zrsim

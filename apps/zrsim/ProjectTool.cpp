@@ -1,0 +1,326 @@
+#include "zrsim/ProjectTool.h"
+
+#include <cerrno>
+#include <cstdlib>
+#include <filesystem>
+#include <limits>
+#include <ostream>
+
+#include "projectdb/SampleProject.h"
+#include "zrsim/ArgumentParser.h"
+#include "zrsim/ExitStatus.h"
+#include "zrsim/UsageError.h"
+#include "zrsimprp/host/Conversions.h"
+#include "zrsimprp/host/DefinitionEntryCodec.h"
+#include "zrsimprp/host/EngineDefaults.h"
+#include "zrsimprp/host/ErrorTrap.h"
+
+namespace zrsim {
+
+namespace {
+
+const char* const kSubcommands[][2] = {
+    {"sample", "FILE [--force]"},
+    {"list", "FILE"},
+    {"import-layer",
+     "FILE --from GPKG --table T --id-field F [--label-field L] --name N --kind K [--parent P]"},
+    {"add-design", "FILE --id I --name N --stratum-layer L"},
+    {"add-survey", "FILE --id I --name N --design D [--status S]"},
+    {"add-filter", "FILE --id I --name N"},
+    {"add-model", "FILE --id I --name N --engine E [--method M]"},
+    {"add-simulation", "FILE --name N [--definition FILE]"},
+};
+
+// One entry "key=value;" written by the host's codec, so that quoting follows the one syntax.
+std::string SingleEntry(const std::string& key, const std::string& value) {
+  std::string text;
+  std::vector<std::string> names(1);
+  std::vector<std::string> values(1);
+  zrsimprp::DefinitionEntryCodec::Instance().AppendEntry(text, key, value, names, values, 0, 0, false);
+  return text;
+}
+
+}  // namespace
+
+std::string ProjectTool::Usage() {
+  std::string text = "Usage: zrsim project COMMAND FILE [options]\n\nCommands:\n";
+  for (const auto& subcommand : kSubcommands) {
+    text += std::string("  ") + subcommand[0] + " " + subcommand[1] + "\n";
+  }
+  text +=
+      "\nRun 'zrsim project COMMAND --help' for one command. Every change is one transaction of the\n"
+      "project file. Exit status: 0 done, 2 a mistake in the arguments or a file that cannot be used.\n";
+  return text;
+}
+
+std::string ProjectTool::Help(const std::string& subcommand) {
+  std::string synopsis;
+  for (const auto& entry : kSubcommands) {
+    if (subcommand == entry[0]) synopsis = entry[1];
+  }
+  std::string text = "Usage: zrsim project " + subcommand + " " + synopsis + "\n\n";
+  if (subcommand == "sample") {
+    text += "Writes the sample project to FILE. An existing file is replaced only with --force.\n";
+  } else if (subcommand == "list") {
+    text += "Lists the layers, designs, surveys, data filters, model definitions and simulations.\n";
+  } else if (subcommand == "import-layer") {
+    text +=
+        "Copies the polygon table T of the GeoPackage GPKG into the project as the layer N of kind K\n"
+        "(1 marks a study region, the top of a parent chain), with F as its identifier field, L as\n"
+        "its label field and P as its parent layer.\n";
+  } else if (subcommand == "add-design") {
+    text += "Adds the design I named N whose strata come from the layer L.\n";
+  } else if (subcommand == "add-survey") {
+    text += "Adds the survey I named N made with the design D; status S (default 1; only 1 is offered).\n";
+  } else if (subcommand == "add-filter") {
+    text += "Adds the data filter I named N.\n";
+  } else if (subcommand == "add-model") {
+    text +=
+        "Adds the model definition I named N for the analysis engine E (MRDS, MA, DSM, ...), with\n"
+        "the method M as its \"Method\" entry when given (MRDS definitions are offered only with ds).\n";
+  } else if (subcommand == "add-simulation") {
+    text +=
+        "Adds the simulation N with the definition read from FILE (\"-\" for the standard input), or\n"
+        "with the project's default simulation definition.\n";
+  }
+  return text;
+}
+
+int ProjectTool::Run(const std::vector<std::string>& words) {
+  if (words.empty()) throw UsageError("zrsim project: missing command\n" + Usage());
+  const std::string& subcommand = words.front();
+  std::vector<std::string> rest(words.begin() + 1, words.end());
+  if (subcommand == "--help" || subcommand == "-h") {
+    out_ << Usage();
+    return kSuccess;
+  }
+  using Handler = int (ProjectTool::*)(const std::vector<std::string>&);
+  const std::pair<const char*, Handler> handlers[] = {
+      {"sample", &ProjectTool::Sample},
+      {"list", &ProjectTool::List},
+      {"import-layer", &ProjectTool::ImportLayer},
+      {"add-design", &ProjectTool::AddDesign},
+      {"add-survey", &ProjectTool::AddSurvey},
+      {"add-filter", &ProjectTool::AddFilter},
+      {"add-model", &ProjectTool::AddModel},
+      {"add-simulation", &ProjectTool::AddSimulation},
+  };
+  for (const auto& [name, handler] : handlers) {
+    if (subcommand != name) continue;
+    if (ArgumentParser::AsksForHelp(rest)) {
+      out_ << Help(subcommand);
+      return kSuccess;
+    }
+    return (this->*handler)(rest);
+  }
+  throw UsageError("zrsim project: unknown command '" + subcommand + "'\n" + Usage());
+}
+
+int ProjectTool::Sample(const std::vector<std::string>& words) {
+  const std::string command = "zrsim project sample";
+  ParsedArguments arguments = ArgumentParser(command).Flag("force").Positionals(1, 1, "FILE").Parse(words);
+  const std::string path = arguments.Positionals()[0];
+  std::error_code error;
+  if (std::filesystem::exists(path, error) && !arguments.Has("force")) {
+    throw UsageError(command + ": '" + path + "' already exists; add --force to replace it");
+  }
+  Change(command, [&] { zrsimprp::SampleProject::Create(path); });
+  out_ << "Wrote the sample project to " << path << "\n";
+  return kSuccess;
+}
+
+int ProjectTool::List(const std::vector<std::string>& words) {
+  const std::string command = "zrsim project list";
+  ParsedArguments arguments = ArgumentParser(command).Positionals(1, 1, "FILE").Parse(words);
+  auto project = files_.OpenProject(command, arguments.Positionals()[0]);
+  Change(command, [&] {
+    out_ << "Layers:\n";
+    for (const auto& layer : project->Layers()) {
+      out_ << "  " << layer.name << " (kind " << layer.kind << ", table " << layer.table_name << ", id field "
+           << layer.id_field << ", label field " << (layer.label_field.empty() ? "none" : layer.label_field)
+           << ", parent " << (layer.parent.empty() ? "none" : layer.parent) << ", "
+           << project->FeatureCount(layer.name) << " features)\n";
+    }
+    out_ << "Designs:\n";
+    for (const auto& design : project->Designs()) {
+      out_ << "  " << design.id << " " << design.name << ": " << design.definition_text << "\n";
+    }
+    out_ << "Surveys:\n";
+    for (const auto& survey : project->Surveys()) {
+      out_ << "  " << survey.id << " " << survey.name << " (status " << survey.status << ", design "
+           << survey.design_id << ")\n";
+    }
+    out_ << "Data filters:\n";
+    for (const auto& filter : project->DataFilterList())
+      out_ << "  " << filter.id << " " << filter.name << "\n";
+    out_ << "Model definitions:\n";
+    for (const auto& model : project->ModelDefinitionList()) {
+      out_ << "  " << model.id << " " << model.name << " (engine " << model.engine << ")"
+           << (model.definition_text.empty() ? "" : ": " + model.definition_text) << "\n";
+    }
+    out_ << "Simulations:\n";
+    for (const auto& name : project->SimulationNames()) out_ << "  " << name << "\n";
+  });
+  return kSuccess;
+}
+
+int ProjectTool::ImportLayer(const std::vector<std::string>& words) {
+  const std::string command = "zrsim project import-layer";
+  ParsedArguments arguments = ArgumentParser(command)
+                                  .Option("from")
+                                  .Option("table")
+                                  .Option("id-field")
+                                  .Option("label-field")
+                                  .Option("name")
+                                  .Option("kind")
+                                  .Option("parent")
+                                  .Positionals(1, 1, "FILE")
+                                  .Parse(words);
+  const std::string from = Required(command, arguments, "from");
+  const std::string table = Required(command, arguments, "table");
+  const std::string id_field = Required(command, arguments, "id-field");
+  const std::string name = Required(command, arguments, "name");
+  const int32_t kind = Integer(command, arguments, "kind");
+  auto project = files_.OpenProject(command, arguments.Positionals()[0]);
+  int32_t count = 0;
+  Change(command, [&] {
+    count = project->ImportLayer(from, table, id_field, arguments.Value("label-field"), name, kind,
+                                 arguments.Value("parent"));
+  });
+  out_ << "Imported " << count << " features of '" << table << "' as the layer '" << name << "'\n";
+  return kSuccess;
+}
+
+int ProjectTool::AddDesign(const std::vector<std::string>& words) {
+  const std::string command = "zrsim project add-design";
+  ParsedArguments arguments = ArgumentParser(command)
+                                  .Option("id")
+                                  .Option("name")
+                                  .Option("stratum-layer")
+                                  .Positionals(1, 1, "FILE")
+                                  .Parse(words);
+  const int32_t id = Integer(command, arguments, "id");
+  const std::string name = Required(command, arguments, "name");
+  const std::string layer = Required(command, arguments, "stratum-layer");
+  auto project = files_.OpenProject(command, arguments.Positionals()[0]);
+  Change(command, [&] { project->AddDesign(id, name, SingleEntry("STRATUM LAYER", layer)); });
+  out_ << "Added the design " << id << " " << name << "\n";
+  return kSuccess;
+}
+
+int ProjectTool::AddSurvey(const std::vector<std::string>& words) {
+  const std::string command = "zrsim project add-survey";
+  ParsedArguments arguments = ArgumentParser(command)
+                                  .Option("id")
+                                  .Option("name")
+                                  .Option("design")
+                                  .Option("status")
+                                  .Positionals(1, 1, "FILE")
+                                  .Parse(words);
+  const int32_t id = Integer(command, arguments, "id");
+  const std::string name = Required(command, arguments, "name");
+  const int32_t design = Integer(command, arguments, "design");
+  const int32_t status = Integer(command, arguments, "status", 1);
+  auto project = files_.OpenProject(command, arguments.Positionals()[0]);
+  Change(command, [&] { project->AddSurvey(id, name, status, design); });
+  out_ << "Added the survey " << id << " " << name << "\n";
+  return kSuccess;
+}
+
+int ProjectTool::AddFilter(const std::vector<std::string>& words) {
+  const std::string command = "zrsim project add-filter";
+  ParsedArguments arguments =
+      ArgumentParser(command).Option("id").Option("name").Positionals(1, 1, "FILE").Parse(words);
+  const int32_t id = Integer(command, arguments, "id");
+  const std::string name = Required(command, arguments, "name");
+  auto project = files_.OpenProject(command, arguments.Positionals()[0]);
+  Change(command, [&] { project->AddDataFilter(id, name); });
+  out_ << "Added the data filter " << id << " " << name << "\n";
+  return kSuccess;
+}
+
+int ProjectTool::AddModel(const std::vector<std::string>& words) {
+  const std::string command = "zrsim project add-model";
+  ParsedArguments arguments = ArgumentParser(command)
+                                  .Option("id")
+                                  .Option("name")
+                                  .Option("engine")
+                                  .Option("method")
+                                  .Positionals(1, 1, "FILE")
+                                  .Parse(words);
+  const int32_t id = Integer(command, arguments, "id");
+  const std::string name = Required(command, arguments, "name");
+  const std::string engine = Required(command, arguments, "engine");
+  const std::string text = arguments.Has("method") ? SingleEntry("Method", arguments.Value("method")) : "";
+  auto project = files_.OpenProject(command, arguments.Positionals()[0]);
+  Change(command, [&] { project->AddModelDefinition(id, name, engine, text); });
+  out_ << "Added the model definition " << id << " " << name << "\n";
+  return kSuccess;
+}
+
+int ProjectTool::AddSimulation(const std::vector<std::string>& words) {
+  const std::string command = "zrsim project add-simulation";
+  ParsedArguments arguments =
+      ArgumentParser(command).Option("name").Option("definition").Positionals(1, 1, "FILE").Parse(words);
+  const std::string name = Required(command, arguments, "name");
+  if (zrsimprp::TrimBlanks(name).empty()) throw UsageError(command + ": the simulation name is blank");
+  std::string text;
+  if (arguments.Has("definition")) text = files_.ReadText(command, arguments.Value("definition"));
+  auto project = files_.OpenProject(command, arguments.Positionals()[0]);
+  Change(command, [&] {
+    for (const std::string& existing : project->SimulationNames()) {
+      if (zrsimprp::TextEquals(existing, name)) {
+        throw UsageError(command + ": the project already has a simulation named '" + existing + "'");
+      }
+    }
+    if (!arguments.Has("definition")) {
+      text = zrsimprp::VariantToText(project->EngineDefaults()->DefaultDefinition("SIM"));
+    }
+  });
+  if (zrsimprp::TrimBlanks(text).empty()) {
+    throw UsageError(command + ": the definition is empty; a simulation needs at least one entry");
+  }
+  Change(command, [&] { project->SaveSimulationDefinition(name, text); });
+  out_ << "Added the simulation " << name << "\n";
+  return kSuccess;
+}
+
+std::string ProjectTool::Required(const std::string& command, const ParsedArguments& arguments,
+                                  const std::string& option) {
+  if (!arguments.Has(option)) throw UsageError(command + ": --" + option + " is required");
+  return arguments.Value(option);
+}
+
+int32_t ProjectTool::Integer(const std::string& command, const ParsedArguments& arguments,
+                             const std::string& option) {
+  const std::string text = Required(command, arguments, option);
+  const char* begin = text.c_str();
+  char* end = nullptr;
+  errno = 0;
+  long long value = std::strtoll(begin, &end, 10);
+  if (text.empty() || *end != '\0' || errno == ERANGE || value < std::numeric_limits<int32_t>::min() ||
+      value > std::numeric_limits<int32_t>::max() || text.find_first_of(" \t") != std::string::npos) {
+    throw UsageError(command + ": --" + option + " must be a whole number, not '" + text + "'");
+  }
+  return static_cast<int32_t>(value);
+}
+
+int32_t ProjectTool::Integer(const std::string& command, const ParsedArguments& arguments,
+                             const std::string& option, int32_t fallback) {
+  return arguments.Has(option) ? Integer(command, arguments, option) : fallback;
+}
+
+template <class Body>
+void ProjectTool::Change(const std::string& command, Body&& body) {
+  try {
+    body();
+  } catch (const UsageError&) {
+    throw;
+  } catch (const zrsimprp::RuntimeError& error) {
+    throw UsageError(command + ": " + error.description);
+  } catch (const std::exception& error) {
+    throw UsageError(command + ": " + error.what());
+  }
+}
+
+}  // namespace zrsim
