@@ -1,0 +1,1 @@
+set(AREA_PARTS host modules page_CPagPopulationCovars)
