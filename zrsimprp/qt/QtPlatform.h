@@ -16,7 +16,8 @@ namespace zrsimprp {
 // set one, so that a message never blocks a run without a person in front of it.
 class QtPlatform : public Platform {
  public:
-  using MessageSink = std::function<void(const std::string& text, const std::string& title, MessageIcon icon)>;
+  using MessageSink =
+      std::function<void(const std::string& text, const std::string& title, MessageIcon icon)>;
 
   bool UserMode() override { return user_mode_; }
   // False while the control sits inside a form designer.
