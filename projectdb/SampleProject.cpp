@@ -1,0 +1,1 @@
+#include "projectdb/SampleProject.h"
