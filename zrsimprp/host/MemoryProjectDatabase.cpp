@@ -1,5 +1,8 @@
 #include "zrsimprp/host/MemoryProjectDatabase.h"
 
+#include <optional>
+#include <unordered_set>
+
 #include "zrsimprp/host/Conversions.h"
 #include "zrsimprp/host/RuntimeError.h"
 
@@ -173,9 +176,13 @@ class MemoryLayer : public Layer {
   std::shared_ptr<Feature> FeatureByID(const Variant& id) override {
     database_->Touch("FeatureByID", "Layer");
     const std::string wanted = VariantToText(id);
-    for (const Variant& candidate : data_.ids) {
-      if (VariantToText(candidate) == wanted) return std::make_shared<MemoryFeature>();
+    // Callers fetch every feature in turn, so the identifiers are indexed once rather than scanned.
+    if (!id_texts_) {
+      id_texts_.emplace();
+      id_texts_->reserve(data_.ids.size());
+      for (const Variant& candidate : data_.ids) id_texts_->insert(VariantToText(candidate));
     }
+    if (id_texts_->count(wanted) != 0) return std::make_shared<MemoryFeature>();
     throw RuntimeError(error_number::kInvalidProcedureCall, "Layer",
                        "The layer '" + data_.name + "' has no feature with identifier " + wanted);
   }
@@ -183,6 +190,7 @@ class MemoryLayer : public Layer {
  private:
   std::shared_ptr<Database> database_;
   Database::LayerData data_;
+  std::optional<std::unordered_set<std::string>> id_texts_;
 };
 
 class MemoryCatalogue : public LayerCatalogue {
