@@ -108,8 +108,9 @@ void DefinitionSummary::WriteAnalysis(std::ostream& out) {
   auto& page = control_.pagAnalyses;
   out << "Analysis\n";
   Line(out, "Analyse", [&] { return page.Analyse(); });
-  Line(out, "Data filter", [&] { return page.DataFilter() + " " + page.cboDataFilter.Text(); });
-  Line(out, "Model definition", [&] { return page.ModelDef() + " " + page.cboModelDef.Text(); });
+  // The list shows "identifier name"; the property gives the identifier ("0" for none).
+  Line(out, "Data filter", [&] { return ListChoice(page.DataFilter(), page.cboDataFilter.Text()); });
+  Line(out, "Model definition", [&] { return ListChoice(page.ModelDef(), page.cboModelDef.Text()); });
   Line(out, "Model selection", [&] { return page.Criteria(); });
 }
 
@@ -127,6 +128,10 @@ void DefinitionSummary::Line(std::ostream& out, const std::string& label,
       [&] { text = value(); },
       [&](const zrsimprp::RuntimeError& error) { text = "(cannot be read: " + error.description + ")"; });
   out << "  " << label << ": " << text << "\n";
+}
+
+std::string DefinitionSummary::ListChoice(const std::string& identifier, const std::string& list_text) {
+  return list_text.empty() ? identifier + " (none)" : list_text;
 }
 
 std::string DefinitionSummary::Joined(const std::vector<std::string>& values) {

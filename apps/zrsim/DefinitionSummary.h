@@ -27,6 +27,7 @@ class DefinitionSummary {
   void WriteMisc(std::ostream& out);
 
   static void Line(std::ostream& out, const std::string& label, const std::function<std::string()>& value);
+  static std::string ListChoice(const std::string& identifier, const std::string& list_text);
   static std::string Joined(const std::vector<std::string>& values);
 
   zrsimprp::SIMProperties& control_;

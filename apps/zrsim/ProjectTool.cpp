@@ -277,7 +277,7 @@ int ProjectTool::AddSimulation(const std::vector<std::string>& words) {
       text = zrsimprp::VariantToText(project->EngineDefaults()->DefaultDefinition("SIM"));
     }
   });
-  if (zrsimprp::TrimBlanks(text).empty()) {
+  if (text.find_first_not_of(" \t\r\n") == std::string::npos) {
     throw UsageError(command + ": the definition is empty; a simulation needs at least one entry");
   }
   Change(command, [&] { project->SaveSimulationDefinition(name, text); });

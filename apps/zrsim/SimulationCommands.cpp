@@ -24,7 +24,8 @@ std::string SimulationCommands::Usage(const std::string& command) {
         "Exit status: 0 done, 1 the definition could not be written back, 2 arguments or files.\n";
   } else {
     purpose =
-        "Loads the definition into the control and prints a readable summary of every page.\n"
+        "Loads the definition into the control, visits every tab as check does, and prints a\n"
+        "readable summary of every page.\n"
         "Exit status: 0 done, 1 an internal error was reported, 2 arguments or files.\n";
   }
   return "Usage: zrsim " + command +
@@ -106,6 +107,9 @@ int SimulationCommands::Show(const std::vector<std::string>& words) {
   ControlSession session;
   Load("show", words, session);
   bool failed = ReportInternalErrors(session);
+  // Visiting every tab first gives the pages what the control hands over on the way (cluster and
+  // covariate information, the Detectability rows), as a person looking at each tab would see them.
+  PageChecker(session).CheckAll();
   DefinitionSummary(session.Control()).Write(out_);
   if (ReportInternalErrors(session)) failed = true;
   return failed ? kValidationFailed : kSuccess;

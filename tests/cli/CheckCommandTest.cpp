@@ -47,6 +47,10 @@ struct InvalidValue {
   std::string message;
 };
 
+void PrintTo(const InvalidValue& invalid, std::ostream* out) {
+  *out << invalid.page << ": " << invalid.entry;
+}
+
 class CheckInvalidValue : public CliFixture, public ::testing::WithParamInterface<InvalidValue> {};
 
 TEST_P(CheckInvalidValue, PrintsThatPagesExactMessageAndFails) {
@@ -69,10 +73,13 @@ INSTANTIATE_TEST_SUITE_P(
                      "The value provided for lambda is less than 1.  Please ammend this value."},
         InvalidValue{"Covariates", "ContinuousCov=size /Distribution=Normal /Params=0,0;",
                      "The value provided for sigma should be greater than 0.  Please ammend this value."},
-        InvalidValue{"Detectability", "DetFuncParam=\"\" /Scale=wide;", "DETECTABILITY"},
+        InvalidValue{
+            "Detectability", "DetFuncParam=\"\" /Scale=wide;",
+            "The value supplied for parameter Scale for strata 'Study Area' is not numeric.  Please ammend "
+            "the value in this cell."},
         InvalidValue{"Misc", "ParallelProcessing=True /cores=2.5;",
                      "The maximum number of cores must either be an integer or left blank."}),
-    [](const ::testing::TestParamInfo<InvalidValue>& info) { return info.param.page; });
+    [](const ::testing::TestParamInfo<InvalidValue>& param_info) { return param_info.param.page; });
 
 TEST_F(CheckCommand, EveryFailingPageIsReportedInOneRun) {
   Result result = Run({"check", "--project", SampleProject(), "--definition", "-"},

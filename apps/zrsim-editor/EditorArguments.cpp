@@ -1,0 +1,59 @@
+#include "zrsim-editor/EditorArguments.h"
+
+#include <filesystem>
+
+#include "zrsim-editor/EditorError.h"
+#include "zrsim/ArgumentParser.h"
+#include "zrsim/UsageError.h"
+
+namespace zrsim_editor {
+
+std::string EditorArguments::Usage() {
+  return "Usage: zrsim-editor [--project FILE] [--simulation NAME] [--screenshot DIR]\n"
+         "\n"
+         "Edits one simulation of a project in the simulation properties form.\n"
+         "\n"
+         "  --project FILE     the project file (default: the sample project)\n"
+         "  --simulation NAME  the simulation to edit (default: the project's first)\n"
+         "  --screenshot DIR   draw every tab into DIR as PNG files and exit; needs no display\n"
+         "  --help             this text\n"
+         "\n"
+         "Exit status: 0 done, 2 a mistake in the arguments or a project that cannot be used.\n";
+}
+
+EditorOptions EditorArguments::Parse(const std::vector<std::string>& words) {
+  EditorOptions options;
+  if (zrsim::ArgumentParser::AsksForHelp(words)) {
+    options.help = true;
+    return options;
+  }
+  zrsim::ParsedArguments parsed;
+  try {
+    parsed = zrsim::ArgumentParser("zrsim-editor")
+                 .Option("project")
+                 .Option("simulation")
+                 .Option("screenshot")
+                 .Parse(words);
+  } catch (const zrsim::UsageError& error) {
+    throw EditorError(error.what());
+  }
+  options.project = parsed.Value("project");
+  options.simulation = parsed.Value("simulation");
+  options.screenshot_dir = parsed.Value("screenshot");
+  for (const char* option : {"project", "simulation", "screenshot"}) {
+    if (parsed.Has(option) && parsed.Value(option).empty()) {
+      throw EditorError(std::string("zrsim-editor: the value of --") + option + " is empty");
+    }
+  }
+  return options;
+}
+
+std::string EditorArguments::FirstExisting(const std::vector<std::string>& candidates) {
+  for (const std::string& candidate : candidates) {
+    std::error_code ignored;
+    if (!candidate.empty() && std::filesystem::is_regular_file(candidate, ignored)) return candidate;
+  }
+  return "";
+}
+
+}  // namespace zrsim_editor

@@ -1,0 +1,15 @@
+#pragma once
+
+#include <string>
+
+namespace zrsim_editor {
+
+// What the command line asked of the editor.
+struct EditorOptions {
+  bool help = false;
+  std::string project;         // "" for the default sample project
+  std::string simulation;      // "" for the project's first simulation
+  std::string screenshot_dir;  // "" for the interactive window
+};
+
+}  // namespace zrsim_editor
