@@ -21,7 +21,8 @@ FeatureTableInfo FeatureTableInfo::Inspect(SqliteConnection& connection, const s
   info.name_ = kind.Text(0);
   info.is_view_ = kind.Text(1) == "view";
 
-  SqliteStatement columns = connection.Prepare("SELECT name, type, pk FROM pragma_table_info(?1) ORDER BY cid");
+  SqliteStatement columns =
+      connection.Prepare("SELECT name, type, pk FROM pragma_table_info(?1) ORDER BY cid");
   columns.Bind(1, info.name_);
   int key_columns = 0;
   while (columns.Step()) {

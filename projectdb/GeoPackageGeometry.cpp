@@ -48,8 +48,8 @@ uint32_t ReadUint32(const std::string& bytes, size_t at, bool little_endian) {
   unsigned char raw[4];
   std::memcpy(raw, bytes.data() + at, 4);
   if (!little_endian) std::reverse(raw, raw + 4);
-  return static_cast<uint32_t>(raw[0]) | static_cast<uint32_t>(raw[1]) << 8 | static_cast<uint32_t>(raw[2]) << 16 |
-         static_cast<uint32_t>(raw[3]) << 24;
+  return static_cast<uint32_t>(raw[0]) | static_cast<uint32_t>(raw[1]) << 8 |
+         static_cast<uint32_t>(raw[2]) << 16 | static_cast<uint32_t>(raw[3]) << 24;
 }
 
 }  // namespace

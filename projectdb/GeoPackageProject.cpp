@@ -59,13 +59,14 @@ void CheckExistingFile(const std::string& path, const std::string& role) {
 
 void CheckName(const std::string& name, const std::string& what) {
   if (TrimBlanks(name).empty()) Refuse("A " + what + " needs a name.");
-  if (name.find('\0') != std::string::npos) Refuse("The name of a " + what + " may not hold a NUL character.");
+  if (name.find('\0') != std::string::npos)
+    Refuse("The name of a " + what + " may not hold a NUL character.");
 }
 
 bool RowExists(SqliteConnection& connection, const std::string& table, const std::string& column,
                const std::string& value) {
-  SqliteStatement statement =
-      connection.Prepare("SELECT 1 FROM " + Quote(table) + " WHERE " + Quote(column) + " = ?1 COLLATE NOCASE");
+  SqliteStatement statement = connection.Prepare("SELECT 1 FROM " + Quote(table) + " WHERE " + Quote(column) +
+                                                 " = ?1 COLLATE NOCASE");
   statement.Bind(1, value);
   return statement.Step();
 }
@@ -115,8 +116,9 @@ void InsertLayerRow(SqliteConnection& connection, const GeoPackageProject::Layer
   ProjectSchema::Touch(connection, ProjectSchema::kLayersTable);
 }
 
-void RegisterFeatureTable(SqliteConnection& connection, const std::string& table, const std::string& identifier,
-                          const std::string& geometry_column, const std::string& geometry_type, int32_t srs_id,
+void RegisterFeatureTable(SqliteConnection& connection, const std::string& table,
+                          const std::string& identifier, const std::string& geometry_column,
+                          const std::string& geometry_type, int32_t srs_id,
                           const GeoPackageGeometry::Envelope& extent) {
   SqliteStatement contents = connection.Prepare(
       "INSERT INTO gpkg_contents (table_name, data_type, identifier, description, min_x, min_y, max_x, max_y,"
@@ -131,7 +133,10 @@ void RegisterFeatureTable(SqliteConnection& connection, const std::string& table
   SqliteStatement columns = connection.Prepare(
       "INSERT INTO gpkg_geometry_columns (table_name, column_name, geometry_type_name, srs_id, z, m)"
       " VALUES (?1, ?2, ?3, ?4, 0, 0)");
-  columns.Bind(1, table).Bind(2, geometry_column).Bind(3, geometry_type).Bind(4, static_cast<int64_t>(srs_id));
+  columns.Bind(1, table)
+      .Bind(2, geometry_column)
+      .Bind(3, geometry_type)
+      .Bind(4, static_cast<int64_t>(srs_id));
   columns.Run();
 }
 
@@ -139,7 +144,8 @@ void CheckFeatures(const std::string& layer, const std::vector<PolygonFeature>& 
   std::unordered_set<int32_t> seen;
   for (const PolygonFeature& feature : features) {
     if (!seen.insert(feature.id).second) {
-      Refuse("Two features of the layer '" + layer + "' have the identifier " + std::to_string(feature.id) + ".");
+      Refuse("Two features of the layer '" + layer + "' have the identifier " + std::to_string(feature.id) +
+             ".");
     }
     if (id_is_fid && feature.id <= 0) {
       Refuse("The features of the layer '" + layer + "' need identifiers above 0.");
@@ -148,7 +154,8 @@ void CheckFeatures(const std::string& layer, const std::vector<PolygonFeature>& 
 }
 
 bool IsPolygonTypeName(const std::string& type) {
-  for (const char* accepted : {"POLYGON", "MULTIPOLYGON", "CURVEPOLYGON", "MULTISURFACE", "SURFACE", "GEOMETRY"}) {
+  for (const char* accepted :
+       {"POLYGON", "MULTIPOLYGON", "CURVEPOLYGON", "MULTISURFACE", "SURFACE", "GEOMETRY"}) {
     if (TextEquals(type, accepted)) return true;
   }
   return false;
@@ -170,7 +177,8 @@ std::shared_ptr<GeoPackageProject> GeoPackageProject::Open(const std::string& pa
   return Open(path, OpenOptions());
 }
 
-std::shared_ptr<GeoPackageProject> GeoPackageProject::Open(const std::string& path, const OpenOptions& options) {
+std::shared_ptr<GeoPackageProject> GeoPackageProject::Open(const std::string& path,
+                                                           const OpenOptions& options) {
   return SourcedCall(kSource, [&]() {
     CheckExistingFile(path, "project file");
     auto connection = std::make_unique<SqliteConnection>(path, SQLITE_OPEN_READWRITE, ToLimits(options));
@@ -205,8 +213,8 @@ std::string GeoPackageProject::Path() const { return path_; }
 
 std::vector<std::string> GeoPackageProject::SimulationNames() {
   return SourcedCall(kSource, [&]() {
-    SqliteStatement rows =
-        connection_->Prepare(std::string("SELECT name FROM ") + ProjectSchema::kSimulationsTable + " ORDER BY fid");
+    SqliteStatement rows = connection_->Prepare(std::string("SELECT name FROM ") +
+                                                ProjectSchema::kSimulationsTable + " ORDER BY fid");
     std::vector<std::string> names;
     while (rows.Step()) names.push_back(rows.RequireText(0, "the name of a simulation"));
     return names;
@@ -227,15 +235,17 @@ void GeoPackageProject::SaveSimulationDefinition(const std::string& name, const 
   SourcedCall(kSource, [&]() {
     CheckName(name, "simulation");
     if (text.empty()) {
-      Refuse("An empty definition is not saved; the simulation '" + name + "' keeps its previous definition.");
+      Refuse("An empty definition is not saved; the simulation '" + name +
+             "' keeps its previous definition.");
     }
     SqliteTransaction transaction(*connection_);
     SqliteStatement update = connection_->Prepare(std::string("UPDATE ") + ProjectSchema::kSimulationsTable +
                                                   " SET definition = ?2 WHERE name = ?1");
     update.Bind(1, name).Bind(2, text).Run();
     if (connection_->Changes() == 0) {
-      SqliteStatement insert = connection_->Prepare(std::string("INSERT INTO ") + ProjectSchema::kSimulationsTable +
-                                                    " (name, definition) VALUES (?1, ?2)");
+      SqliteStatement insert =
+          connection_->Prepare(std::string("INSERT INTO ") + ProjectSchema::kSimulationsTable +
+                               " (name, definition) VALUES (?1, ?2)");
       insert.Bind(1, name).Bind(2, text).Run();
     }
     ProjectSchema::Touch(*connection_, ProjectSchema::kSimulationsTable);
@@ -265,8 +275,8 @@ void GeoPackageProject::AddLayer(const std::string& name, int32_t kind, const st
     for (const PolygonFeature& feature : features) multi = multi || feature.polygons.size() != 1;
     const std::string geometry_type = multi ? "MULTIPOLYGON" : "POLYGON";
     const std::string table = NewTableName(*connection_, name);
-    std::string create = "CREATE TABLE " + Quote(table) + " (fid INTEGER PRIMARY KEY AUTOINCREMENT, geom " +
-                         geometry_type;
+    std::string create =
+        "CREATE TABLE " + Quote(table) + " (fid INTEGER PRIMARY KEY AUTOINCREMENT, geom " + geometry_type;
     if (!id_is_fid) create += ", " + Quote(id_field) + " INTEGER NOT NULL UNIQUE";
     if (!label_field.empty()) create += ", " + Quote(label_field) + " TEXT";
     connection_->Execute(create + ")");
@@ -274,7 +284,8 @@ void GeoPackageProject::AddLayer(const std::string& name, int32_t kind, const st
     std::string insert_sql = "INSERT INTO " + Quote(table) + " (fid, geom";
     if (!id_is_fid) insert_sql += ", " + Quote(id_field);
     if (!label_field.empty()) insert_sql += ", " + Quote(label_field);
-    insert_sql += ") VALUES (?1, ?2" + std::string(id_is_fid ? "" : ", ?3") + (label_field.empty() ? "" : ", ?4") + ")";
+    insert_sql +=
+        ") VALUES (?1, ?2" + std::string(id_is_fid ? "" : ", ?3") + (label_field.empty() ? "" : ", ?4") + ")";
     SqliteStatement insert = connection_->Prepare(insert_sql);
     GeoPackageGeometry::Envelope extent;
     int64_t fid = 0;
@@ -308,7 +319,8 @@ int32_t GeoPackageProject::ImportLayer(const std::string& from_gpkg, const std::
       Refuse(where + " holds " + info.GeometryType() + " geometries, not polygons.");
     }
     if (info.PrimaryKey().empty()) Refuse(where + " has no primary key that identifies its features.");
-    const FeatureTableInfo::Column* id = id_field.empty() ? info.Find(info.PrimaryKey()) : info.Find(id_field);
+    const FeatureTableInfo::Column* id =
+        id_field.empty() ? info.Find(info.PrimaryKey()) : info.Find(id_field);
     if (id == nullptr) Refuse(where + " has no field '" + id_field + "'.");
     const FeatureTableInfo::Column* label = label_field.empty() ? nullptr : info.Find(label_field);
     if (!label_field.empty() && label == nullptr) Refuse(where + " has no field '" + label_field + "'.");
@@ -318,21 +330,22 @@ int32_t GeoPackageProject::ImportLayer(const std::string& from_gpkg, const std::
     // The feature-id column keeps its name, so fields named after it still resolve.
     std::vector<std::string> copied = {info.PrimaryKey(), info.GeometryColumn()};
     const std::string target = NewTableName(*connection_, name);
-    std::string create = "CREATE TABLE " + Quote(target) + " (" +
-                         Quote(info.PrimaryKey()) + " INTEGER PRIMARY KEY AUTOINCREMENT, " +
-                         Quote(info.GeometryColumn()) + " " + info.GeometryType();
+    std::string create = "CREATE TABLE " + Quote(target) + " (" + Quote(info.PrimaryKey()) +
+                         " INTEGER PRIMARY KEY AUTOINCREMENT, " + Quote(info.GeometryColumn()) + " " +
+                         info.GeometryType();
     for (const FeatureTableInfo::Column* column : {id, label}) {
       if (column == nullptr) continue;
       bool already = false;
-      for (const std::string& name_copied : copied) already = already || TextEquals(name_copied, column->name);
+      for (const std::string& name_copied : copied)
+        already = already || TextEquals(name_copied, column->name);
       if (already) continue;
       copied.push_back(column->name);
       create += ", " + Quote(column->name) + " " + column->type;
     }
     connection_->Execute(create + ")");
     if (!TextEquals(id->name, info.PrimaryKey())) {
-      connection_->Execute("CREATE INDEX " + Quote(target + "_" + id->name + "_index") + " ON " + Quote(target) +
-                           " (" + Quote(id->name) + ")");
+      connection_->Execute("CREATE INDEX " + Quote(target + "_" + id->name + "_index") + " ON " +
+                           Quote(target) + " (" + Quote(id->name) + ")");
     }
 
     std::string select = "SELECT ";
@@ -343,19 +356,28 @@ int32_t GeoPackageProject::ImportLayer(const std::string& from_gpkg, const std::
       insert_sql += (i ? ", " : "") + Quote(copied[i]);
       values += (i ? ", ?" : "?") + std::to_string(i + 1);
     }
-    SqliteStatement rows = source.Prepare(select + " FROM " + Quote(info.Name()) + " ORDER BY " +
-                                          Quote(info.PrimaryKey()));
+    SqliteStatement rows =
+        source.Prepare(select + " FROM " + Quote(info.Name()) + " ORDER BY " + Quote(info.PrimaryKey()));
     SqliteStatement insert = connection_->Prepare(insert_sql + ") VALUES (" + values + ")");
     int32_t count = 0;
     while (rows.Step()) {
       for (size_t i = 0; i < copied.size(); ++i) {
         const int column = static_cast<int>(i);
         switch (rows.ColumnType(column)) {
-          case SQLITE_INTEGER: insert.Bind(column + 1, rows.Int64(column)); break;
-          case SQLITE_FLOAT: insert.Bind(column + 1, rows.Double(column)); break;
-          case SQLITE_TEXT: insert.Bind(column + 1, rows.Text(column)); break;
-          case SQLITE_BLOB: insert.BindBlob(column + 1, rows.Text(column)); break;
-          default: insert.BindNull(column + 1);
+          case SQLITE_INTEGER:
+            insert.Bind(column + 1, rows.Int64(column));
+            break;
+          case SQLITE_FLOAT:
+            insert.Bind(column + 1, rows.Double(column));
+            break;
+          case SQLITE_TEXT:
+            insert.Bind(column + 1, rows.Text(column));
+            break;
+          case SQLITE_BLOB:
+            insert.BindBlob(column + 1, rows.Text(column));
+            break;
+          default:
+            insert.BindNull(column + 1);
         }
       }
       if (!rows.IsNull(1) && !IsPolygonBlob(rows.Text(1))) {
@@ -370,9 +392,10 @@ int32_t GeoPackageProject::ImportLayer(const std::string& from_gpkg, const std::
         "SELECT srs_name, srs_id, organization, organization_coordsys_id, definition, description"
         " FROM gpkg_spatial_ref_sys WHERE srs_id = ?1");
     if (srs.Bind(1, static_cast<int64_t>(info.SrsId())).Step()) {
-      SqliteStatement copy = connection_->Prepare("INSERT OR IGNORE INTO gpkg_spatial_ref_sys (srs_name, srs_id,"
-                                                  " organization, organization_coordsys_id, definition, description)"
-                                                  " VALUES (?1, ?2, ?3, ?4, ?5, ?6)");
+      SqliteStatement copy = connection_->Prepare(
+          "INSERT OR IGNORE INTO gpkg_spatial_ref_sys (srs_name, srs_id,"
+          " organization, organization_coordsys_id, definition, description)"
+          " VALUES (?1, ?2, ?3, ?4, ?5, ?6)");
       copy.Bind(1, srs.Text(0)).Bind(2, srs.Int64(1)).Bind(3, srs.Text(2)).Bind(4, srs.Int64(3));
       copy.Bind(5, srs.Text(4)).Bind(6, srs.Text(5)).Run();
     }
@@ -431,8 +454,8 @@ void GeoPackageProject::AddDataFilter(int32_t id, const std::string& name) {
     if (IdExists(*connection_, ProjectSchema::kDataFiltersTable, id)) {
       Refuse("The project already has a data filter with the identifier " + std::to_string(id) + ".");
     }
-    SqliteStatement insert = connection_->Prepare(std::string("INSERT INTO ") + ProjectSchema::kDataFiltersTable +
-                                                  " (id, name) VALUES (?1, ?2)");
+    SqliteStatement insert = connection_->Prepare(
+        std::string("INSERT INTO ") + ProjectSchema::kDataFiltersTable + " (id, name) VALUES (?1, ?2)");
     insert.Bind(1, static_cast<int64_t>(id)).Bind(2, name).Run();
     ProjectSchema::Touch(*connection_, ProjectSchema::kDataFiltersTable);
     transaction.Commit();
@@ -446,9 +469,9 @@ void GeoPackageProject::AddModelDefinition(int32_t id, const std::string& name, 
     if (IdExists(*connection_, ProjectSchema::kModelDefinitionsTable, id)) {
       Refuse("The project already has a model definition with the identifier " + std::to_string(id) + ".");
     }
-    SqliteStatement insert = connection_->Prepare(std::string("INSERT INTO ") +
-                                                  ProjectSchema::kModelDefinitionsTable +
-                                                  " (id, name, engine, definition) VALUES (?1, ?2, ?3, ?4)");
+    SqliteStatement insert =
+        connection_->Prepare(std::string("INSERT INTO ") + ProjectSchema::kModelDefinitionsTable +
+                             " (id, name, engine, definition) VALUES (?1, ?2, ?3, ?4)");
     insert.Bind(1, static_cast<int64_t>(id)).Bind(2, name).Bind(3, engine).Bind(4, definition_text).Run();
     ProjectSchema::Touch(*connection_, ProjectSchema::kModelDefinitionsTable);
     transaction.Commit();
@@ -459,9 +482,10 @@ void GeoPackageProject::SetEngineDefault(const std::string& engine, const std::s
   SourcedCall(kSource, [&]() {
     CheckName(engine, "engine");
     SqliteTransaction transaction(*connection_);
-    SqliteStatement upsert = connection_->Prepare(
-        std::string("INSERT INTO ") + ProjectSchema::kEngineDefaultsTable +
-        " (engine, definition) VALUES (?1, ?2) ON CONFLICT (engine) DO UPDATE SET definition = excluded.definition");
+    SqliteStatement upsert =
+        connection_->Prepare(std::string("INSERT INTO ") + ProjectSchema::kEngineDefaultsTable +
+                             " (engine, definition) VALUES (?1, ?2) ON CONFLICT (engine) DO UPDATE SET "
+                             "definition = excluded.definition");
     upsert.Bind(1, engine).Bind(2, text).Run();
     ProjectSchema::Touch(*connection_, ProjectSchema::kEngineDefaultsTable);
     transaction.Commit();
@@ -594,7 +618,8 @@ std::vector<std::shared_ptr<RecordGroup<SurveyRecord>>> GeoPackageProject::Surve
 
 std::vector<std::shared_ptr<DataFilter>> GeoPackageProject::DataFilters() {
   std::vector<std::shared_ptr<DataFilter>> filters;
-  for (DataFilterInfo& info : DataFilterList()) filters.push_back(std::make_shared<StoredDataFilter>(std::move(info)));
+  for (DataFilterInfo& info : DataFilterList())
+    filters.push_back(std::make_shared<StoredDataFilter>(std::move(info)));
   return filters;
 }
 

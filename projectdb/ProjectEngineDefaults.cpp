@@ -10,9 +10,8 @@ namespace zrsimprp {
 
 Variant ProjectEngineDefaults::DefaultDefinition(const std::string& engine) {
   return SourcedCall("EngineDefaults", [&]() -> Variant {
-    SqliteStatement row = project_->Connection().Prepare(std::string("SELECT definition FROM ") +
-                                                         ProjectSchema::kEngineDefaultsTable +
-                                                         " WHERE engine = ?1");
+    SqliteStatement row = project_->Connection().Prepare(
+        std::string("SELECT definition FROM ") + ProjectSchema::kEngineDefaultsTable + " WHERE engine = ?1");
     row.Bind(1, engine);
     if (!row.Step()) {
       throw RuntimeError(error_number::kInvalidProcedureCall, "EngineDefaults",

@@ -23,7 +23,8 @@ std::string Quote(const std::string& identifier) { return SqliteConnection::Quot
   throw RuntimeError(error_number::kInvalidProcedureCall, "SQLite", description);
 }
 
-Variant CellValue(SqliteStatement& statement, int column, const std::string& layer, const std::string& field) {
+Variant CellValue(SqliteStatement& statement, int column, const std::string& layer,
+                  const std::string& field) {
   switch (statement.ColumnType(column)) {
     case SQLITE_INTEGER: {
       const int64_t value = statement.Int64(column);
@@ -99,7 +100,8 @@ std::string ProjectLayer::ColumnFor(const std::string& field) const {
 }
 
 std::shared_ptr<zrsimprp::AttributeTable> ProjectLayer::AttributeTable() {
-  ProjectAttributeTable::FieldChoice id{info_.id_field.empty() ? table_.PrimaryKey() : info_.id_field, IdColumn()};
+  ProjectAttributeTable::FieldChoice id{info_.id_field.empty() ? table_.PrimaryKey() : info_.id_field,
+                                        IdColumn()};
   if (id.named.empty()) id.named = "(none)";
   ProjectAttributeTable::FieldChoice label{info_.label_field, ColumnFor(info_.label_field)};
   return std::make_shared<ProjectAttributeTable>(info_.name, table_.Name(), id, label);
@@ -113,8 +115,8 @@ std::optional<std::vector<std::vector<Variant>>> ProjectLayer::GetRows(const std
       const std::string field(TrimBlanks(piece));
       const std::string column = ColumnFor(field);
       if (column.empty()) {
-        LayerError("The layer '" + info_.name + "' has no field '" + field + "' in its table '" + table_.Name() +
-                   "'.");
+        LayerError("The layer '" + info_.name + "' has no field '" + field + "' in its table '" +
+                   table_.Name() + "'.");
       }
       columns.push_back(column);
     }
@@ -143,7 +145,8 @@ std::optional<std::vector<std::vector<Variant>>> ProjectLayer::GetRows(const std
 std::shared_ptr<Feature> ProjectLayer::FeatureByID(const Variant& id) {
   return SourcedCall("Layer", [&]() -> std::shared_ptr<Feature> {
     if (IdColumn().empty()) {
-      LayerError("The layer '" + info_.name + "' has no identifier field in its table '" + table_.Name() + "'.");
+      LayerError("The layer '" + info_.name + "' has no identifier field in its table '" + table_.Name() +
+                 "'.");
     }
     if (IsNull(id)) NoSuchFeature(id);
     return IdColumnIndexed() ? FeatureFromIndex(id) : FeatureFromCache(id);
@@ -167,8 +170,8 @@ bool ProjectLayer::IdColumnIndexed() {
 
 std::shared_ptr<Feature> ProjectLayer::FeatureFromIndex(const Variant& id) {
   const std::string row_id = table_.PrimaryKey().empty() ? "rowid" : Quote(table_.PrimaryKey());
-  SqliteStatement statement = project_->Connection().Prepare("SELECT " + row_id + " FROM " + Quote(table_.Name()) +
-                                                             " WHERE " + Quote(IdColumn()) + " = ?1 LIMIT 1");
+  SqliteStatement statement = project_->Connection().Prepare(
+      "SELECT " + row_id + " FROM " + Quote(table_.Name()) + " WHERE " + Quote(IdColumn()) + " = ?1 LIMIT 1");
   BindIdentifier(statement, id);
   if (!statement.Step()) NoSuchFeature(id);
   return std::make_shared<ProjectFeature>(statement.Int64(0), id);
@@ -191,7 +194,8 @@ std::shared_ptr<Feature> ProjectLayer::FeatureFromCache(const Variant& id) {
 }
 
 void ProjectLayer::NoSuchFeature(const Variant& id) const {
-  LayerError("The layer '" + info_.name + "' has no feature with the identifier '" + VariantToText(id) + "'.");
+  LayerError("The layer '" + info_.name + "' has no feature with the identifier '" + VariantToText(id) +
+             "'.");
 }
 
 }  // namespace zrsimprp

@@ -113,12 +113,16 @@ const char* const kCoreTables =
     " CONSTRAINT fk_gc_tn FOREIGN KEY (table_name) REFERENCES gpkg_contents(table_name),"
     " CONSTRAINT fk_gc_srs FOREIGN KEY (srs_id) REFERENCES gpkg_spatial_ref_sys (srs_id));"
     "INSERT INTO gpkg_spatial_ref_sys VALUES"
-    " ('Undefined cartesian SRS', -1, 'NONE', -1, 'undefined', 'undefined cartesian coordinate reference system'),"
-    " ('Undefined geographic SRS', 0, 'NONE', 0, 'undefined', 'undefined geographic coordinate reference system'),"
+    " ('Undefined cartesian SRS', -1, 'NONE', -1, 'undefined', 'undefined cartesian coordinate reference "
+    "system'),"
+    " ('Undefined geographic SRS', 0, 'NONE', 0, 'undefined', 'undefined geographic coordinate reference "
+    "system'),"
     " ('WGS 84 geodetic', 4326, 'EPSG', 4326, 'GEOGCS[\"WGS 84\",DATUM[\"WGS_1984\",SPHEROID[\"WGS 84\","
-    "6378137,298.257223563,AUTHORITY[\"EPSG\",\"7030\"]],AUTHORITY[\"EPSG\",\"6326\"]],PRIMEM[\"Greenwich\",0,"
+    "6378137,298.257223563,AUTHORITY[\"EPSG\",\"7030\"]],AUTHORITY[\"EPSG\",\"6326\"]],PRIMEM[\"Greenwich\","
+    "0,"
     "AUTHORITY[\"EPSG\",\"8901\"]],UNIT[\"degree\",0.0174532925199433,AUTHORITY[\"EPSG\",\"9122\"]],"
-    "AUTHORITY[\"EPSG\",\"4326\"]]', 'longitude/latitude coordinates in decimal degrees on the WGS 84 spheroid');";
+    "AUTHORITY[\"EPSG\",\"4326\"]]', 'longitude/latitude coordinates in decimal degrees on the WGS 84 "
+    "spheroid');";
 
 std::string CreateTableSql(const TableSpec& table) {
   std::string sql = "CREATE TABLE " + SqliteConnection::QuoteIdentifier(table.name) + " (";
@@ -148,7 +152,8 @@ void ProjectSchema::VerifyGeoPackage(SqliteConnection& connection) {
                         application_id == ProjectSchema::kApplicationIdGp10 ||
                         application_id == ProjectSchema::kApplicationIdGp11;
   // Some writers leave the application id at 0; the core tables tell a GeoPackage apart then.
-  if (!known_id && !(connection.TableExists("gpkg_contents") && connection.TableExists("gpkg_spatial_ref_sys"))) {
+  if (!known_id &&
+      !(connection.TableExists("gpkg_contents") && connection.TableExists("gpkg_spatial_ref_sys"))) {
     throw RuntimeError(error_number::kInvalidProcedureCall, "SQLite",
                        "The file '" + connection.Path() +
                            "' is an SQLite database but not a GeoPackage, so it cannot be a project file.");
@@ -170,7 +175,8 @@ void VerifyTable(SqliteConnection& connection, const TableSpec& table) {
   for (const ColumnSpec& column : table.columns) {
     const auto found = std::find_if(present.begin(), present.end(),
                                     [&](const auto& entry) { return TextEquals(entry.first, column.name); });
-    const std::string where = "the column '" + std::string(column.name) + "' of its table '" + table.name + "'";
+    const std::string where =
+        "the column '" + std::string(column.name) + "' of its table '" + table.name + "'";
     if (found == present.end()) Damaged(connection, where + " is missing.");
     if (!TextEquals(found->second, column.type)) {
       const std::string declared = found->second.empty() ? "no type" : "the type " + found->second;
@@ -181,13 +187,14 @@ void VerifyTable(SqliteConnection& connection, const TableSpec& table) {
 }
 
 void VerifyFormatVersion(SqliteConnection& connection) {
-  SqliteStatement statement = connection.Prepare(std::string("SELECT max(format_version) FROM ") +
-                                                 ProjectSchema::kProjectTable);
+  SqliteStatement statement =
+      connection.Prepare(std::string("SELECT max(format_version) FROM ") + ProjectSchema::kProjectTable);
   const int32_t version = statement.Step() ? statement.RequireInt32(0, "the project's format version") : 0;
   if (version > ProjectSchema::kFormatVersion) {
     throw RuntimeError(error_number::kInvalidProcedureCall, "SQLite",
-                       "The project file '" + connection.Path() + "' was written by a newer version (format " +
-                           std::to_string(version) + ") and cannot be opened.");
+                       "The project file '" + connection.Path() +
+                           "' was written by a newer version (format " + std::to_string(version) +
+                           ") and cannot be opened.");
   }
 }
 

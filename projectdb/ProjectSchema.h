@@ -37,8 +37,8 @@ class ProjectSchema {
   static void VerifyGeoPackage(SqliteConnection& connection);
 
   // Registers an attribute or feature table in gpkg_contents.
-  static void RegisterContents(SqliteConnection& connection, const std::string& table, const std::string& data_type,
-                               const std::string& identifier);
+  static void RegisterContents(SqliteConnection& connection, const std::string& table,
+                               const std::string& data_type, const std::string& identifier);
   // Marks a table as changed now in gpkg_contents.
   static void Touch(SqliteConnection& connection, const std::string& table);
 };

@@ -44,10 +44,12 @@ std::optional<Variant> StoredValue(SqliteStatement& row) {
   const std::string type = row.Text(0);
   if (type == "null") return Variant();
   if (type == "bool" && IntegerIn(row, 0, 1)) return Variant(row.Int64(1) != 0);
-  if (type == "int16" && IntegerIn(row, std::numeric_limits<int16_t>::min(), std::numeric_limits<int16_t>::max())) {
+  if (type == "int16" &&
+      IntegerIn(row, std::numeric_limits<int16_t>::min(), std::numeric_limits<int16_t>::max())) {
     return Variant(static_cast<int16_t>(row.Int64(1)));
   }
-  if (type == "int32" && IntegerIn(row, std::numeric_limits<int32_t>::min(), std::numeric_limits<int32_t>::max())) {
+  if (type == "int32" &&
+      IntegerIn(row, std::numeric_limits<int32_t>::min(), std::numeric_limits<int32_t>::max())) {
     return Variant(static_cast<int32_t>(row.Int64(1)));
   }
   if (type == "double" && (row.ColumnType(1) == SQLITE_FLOAT || row.ColumnType(1) == SQLITE_INTEGER)) {
@@ -59,27 +61,27 @@ std::optional<Variant> StoredValue(SqliteStatement& row) {
 
 }  // namespace
 
-Variant ProjectSettingsTable::ReadSetting(int32_t, int32_t, const std::string& section, const std::string& key,
-                                          const Variant& default_value) {
+Variant ProjectSettingsTable::ReadSetting(int32_t, int32_t, const std::string& section,
+                                          const std::string& key, const Variant& default_value) {
   return SourcedCall("ProjectSettings", [&]() -> Variant {
-    SqliteStatement row = project_->Connection().Prepare(std::string("SELECT value_type, value FROM ") +
-                                                         ProjectSchema::kSettingsTable +
-                                                         " WHERE section = ?1 AND key = ?2");
+    SqliteStatement row =
+        project_->Connection().Prepare(std::string("SELECT value_type, value FROM ") +
+                                       ProjectSchema::kSettingsTable + " WHERE section = ?1 AND key = ?2");
     row.Bind(1, section).Bind(2, key);
     if (!row.Step()) return default_value;
     std::optional<Variant> value = StoredValue(row);
     if (!value) {
       throw RuntimeError(error_number::kTypeMismatch, "ProjectSettings",
                          "The setting '" + key + "' in section '" + section +
-                             "' of the project file holds a value that does not match its type '" + row.Text(0) +
-                             "'.");
+                             "' of the project file holds a value that does not match its type '" +
+                             row.Text(0) + "'.");
     }
     return *value;
   });
 }
 
-void ProjectSettingsTable::WriteSetting(int32_t a, int32_t b, const std::string& section, const std::string& key,
-                                        const Variant& value) {
+void ProjectSettingsTable::WriteSetting(int32_t a, int32_t b, const std::string& section,
+                                        const std::string& key, const Variant& value) {
   SourcedCall("ProjectSettings", [&]() {
     SqliteStatement upsert = project_->Connection().Prepare(
         std::string("INSERT INTO ") + ProjectSchema::kSettingsTable +

@@ -70,16 +70,19 @@ void AddRecords(GeoPackageProject& project) {
   project.AddDataFilter(1, "Default data filter");
   project.AddDataFilter(2, "Truncate at 150 m");
   project.AddDataFilter(3, "Group sizes up to 10");
-  project.AddModelDefinition(1, "MRDS half-normal (ds)", "MRDS",
-                             DefinitionBuilder().Add("Engine", "MRDS").Add("Method", "ds").Add("Key", "hn").Text());
-  project.AddModelDefinition(2, "MRDS independent observers (io)", "MRDS",
-                             DefinitionBuilder().Add("Engine", "MRDS").Add("Method", "io").Add("Key", "hn").Text());
+  project.AddModelDefinition(
+      1, "MRDS half-normal (ds)", "MRDS",
+      DefinitionBuilder().Add("Engine", "MRDS").Add("Method", "ds").Add("Key", "hn").Text());
+  project.AddModelDefinition(
+      2, "MRDS independent observers (io)", "MRDS",
+      DefinitionBuilder().Add("Engine", "MRDS").Add("Method", "io").Add("Key", "hn").Text());
   project.AddModelDefinition(3, "MA hazard-rate", "MA",
                              DefinitionBuilder().Add("Engine", "MA").Add("Key", "hr").Text());
   project.AddModelDefinition(4, "DSM smooth of x and y", "DSM",
                              DefinitionBuilder().Add("Engine", "DSM").Add("Formula", "s(x,y)").Text());
-  project.AddModelDefinition(5, "CDS half-normal cosine", "CDS",
-                             DefinitionBuilder().Add("Engine", "CDS").Add("Key", "hn").Add("Adjustment", "cos").Text());
+  project.AddModelDefinition(
+      5, "CDS half-normal cosine", "CDS",
+      DefinitionBuilder().Add("Engine", "CDS").Add("Key", "hn").Add("Adjustment", "cos").Text());
 }
 
 std::string SimulationText() {

@@ -32,7 +32,8 @@ SqliteStatement& SqliteStatement::Bind(int index, double value) {
 }
 
 SqliteStatement& SqliteStatement::Bind(int index, const std::string& value) {
-  const int code = sqlite3_bind_text64(statement_, index, value.data(), value.size(), SQLITE_TRANSIENT, SQLITE_UTF8);
+  const int code =
+      sqlite3_bind_text64(statement_, index, value.data(), value.size(), SQLITE_TRANSIENT, SQLITE_UTF8);
   if (code != SQLITE_OK) connection_->Fail(code, "read");
   return *this;
 }
@@ -89,10 +90,11 @@ bool SqliteStatement::IsNull(int column) { return ColumnType(column) == SQLITE_N
 int32_t SqliteStatement::RequireInt32(int column, const std::string& what) {
   const bool integral = ColumnType(column) == SQLITE_INTEGER;
   const int64_t value = integral ? Int64(column) : 0;
-  if (!integral || value < std::numeric_limits<int32_t>::min() || value > std::numeric_limits<int32_t>::max()) {
-    throw RuntimeError(error_number::kInvalidProcedureCall, "SQLite",
-                       "The project file '" + connection_->Path() + "' is damaged: " + what +
-                           " is not a whole number.");
+  if (!integral || value < std::numeric_limits<int32_t>::min() ||
+      value > std::numeric_limits<int32_t>::max()) {
+    throw RuntimeError(
+        error_number::kInvalidProcedureCall, "SQLite",
+        "The project file '" + connection_->Path() + "' is damaged: " + what + " is not a whole number.");
   }
   return static_cast<int32_t>(value);
 }
@@ -101,8 +103,9 @@ std::string SqliteStatement::RequireText(int column, const std::string& what) {
   const int type = ColumnType(column);
   if (type == SQLITE_NULL) return std::string();
   if (type != SQLITE_TEXT) {
-    throw RuntimeError(error_number::kInvalidProcedureCall, "SQLite",
-                       "The project file '" + connection_->Path() + "' is damaged: " + what + " is not text.");
+    throw RuntimeError(
+        error_number::kInvalidProcedureCall, "SQLite",
+        "The project file '" + connection_->Path() + "' is damaged: " + what + " is not text.");
   }
   return Text(column);
 }
