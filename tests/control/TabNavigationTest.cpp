@@ -305,3 +305,50 @@ TEST(TabNavigationErrors, IsValidReportsAnErrorAndReturnsFalse) {
 
 }  // namespace
 }  // namespace zrsimprp
+
+namespace zrsimprp {
+namespace {
+
+using TabNavigationTraps = ControlTest;
+
+TEST_F(TabNavigationTraps, AnErrorWhileLeavingATabIsReportedAndRefusesTheChange) {
+  // p = 1 passes the page's check, but the mean cluster size then divides by zero.
+  auto control = Open(
+      "Transects=Survey /ObjectID=1;\r\nStrataLayer=Strata;\r\nReps=10;\r\n"
+      "Density=Uniform /Densities=1,2,3 /GridSpace=10;\r\n"
+      "Clusters=True /Distribution=Negative-Binomial /param=2,1;");
+  ASSERT_TRUE(control->tapSimulationDefinition.UserSelectTab(2));
+  EXPECT_FALSE(control->tapSimulationDefinition.UserSelectTab(3));
+  EXPECT_EQ(control->tapSimulationDefinition.CurrentTab(), 2);
+  ASSERT_EQ(platform_.Messages().size(), 1u) << AllMessages();
+  EXPECT_EQ(platform_.Messages()[0].title, "Pellunar Internal Error");
+  EXPECT_NE(platform_.Messages()[0].text.find(
+                "(Error raised from: ZrSIMPrp.SIM.tapSimulationDefinition_BeforeTabChange)\r\n"
+                "(Error source: ZrSIMPrp)\r\n(Error number: 11)"),
+            std::string::npos)
+      << AllMessages();
+}
+
+TEST_F(TabNavigationTraps, AFailingSettingsWriteAfterAChangeIsReported) {
+  auto control = Open(
+      "Transects=Survey /ObjectID=1;\r\nStrataLayer=Strata;\r\nReps=10;\r\n"
+      "Density=Uniform /Densities=1,2,3 /GridSpace=10;\r\n");
+  database_->FailOn("WriteSetting");
+  EXPECT_TRUE(control->tapSimulationDefinition.UserSelectTab(4));
+  ASSERT_EQ(platform_.Messages().size(), 1u) << AllMessages();
+  EXPECT_NE(platform_.Messages()[0].text.find(
+                "(Error raised from: ZrSIMPrp.SIM.tapSimulationDefinition_AfterTabChange)"),
+            std::string::npos);
+  database_->ClearFailures();
+  ASSERT_TRUE(control->tapSimulationDefinition.UserSelectTab(2));
+  database_->FailOn("WriteSetting");
+  platform_.ClearMessages();
+  EXPECT_TRUE(control->tabsPopulationDescription.UserClickTab(2));
+  ASSERT_EQ(platform_.Messages().size(), 1u) << AllMessages();
+  EXPECT_NE(
+      platform_.Messages()[0].text.find("(Error raised from: ZrSIMPrp.SIM.tabsPopulationDescription_Click)"),
+      std::string::npos);
+}
+
+}  // namespace
+}  // namespace zrsimprp
