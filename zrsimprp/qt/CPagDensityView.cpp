@@ -1,0 +1,60 @@
+#include "zrsimprp/qt/CPagDensityView.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+
+#include "zrsimprp/qt/AccessibleText.h"
+#include "zrsimprp/qt/GridView.h"
+#include "zrsimprp/qt/SectionHeader.h"
+
+namespace zrsimprp {
+
+CPagDensityView::CPagDensityView(CPagDensity& page, QWidget* parent) : PageView(page, parent) {
+  Body()->addWidget(MakeHeader(page.lalDensity, this));
+  const auto options = MakeOptions(page.optDensity, this);
+  const auto option_name = [&page](int index) {
+    return AccessibleText::FromCaption(page.optDensity.Button(index).Caption());
+  };
+
+  Chain(options[0]);
+  Body()->addWidget(options[0]);
+  GridView* densities = MakeGrid(page.flxConstantDensity, option_name(0), 2, this);
+  Body()->addLayout(FillRow({densities}, kIndent));
+
+  Chain(options[1]);
+  Body()->addWidget(options[1]);
+  QLineEdit* formula = MakeTextBox(page.txtFormula, option_name(1), this);
+  Body()->addLayout(FillRow({formula}, kIndent));
+
+  Chain(options[2]);
+  Body()->addWidget(options[2]);
+  QLabel* layer_caption = MakeLabel(page.labLayer, this);
+  QComboBox* layer = MakeComboBox(page.cboLayer, QString(), this);
+  NameAfter(layer_caption, layer);
+  QLabel* field_caption = MakeLabel(page.labField, this);
+  QComboBox* field = MakeComboBox(page.cboField, QString(), this);
+  NameAfter(field_caption, field);
+  Body()->addLayout(Row({layer_caption, layer, field_caption, field}, kIndent));
+
+  QLabel* spacing_caption = MakeLabel(page.labGridSpace, this);
+  QLineEdit* spacing = MakeTextBox(page.txtGridSpace, QString(), this);
+  NameAfter(spacing_caption, spacing);
+  Body()->addLayout(Row({spacing_caption, spacing}));
+
+  Body()->addWidget(MakeCheckBox(page.chkHotspots, this));
+  GridView* hotspots = MakeGrid(page.flxHotspots, AccessibleText::FromCaption("Hotspots"), 4, this);
+  auto* buttons = new QWidget(this);
+  QPushButton* add = MakeButton(page.cmdAddHotspot, QStringLiteral("Add hotspot"), buttons);
+  QPushButton* remove = MakeButton(page.cmdSubHotspot, QStringLiteral("Remove hotspot"), buttons);
+  auto* button_column = Column({add, remove});
+  button_column->setContentsMargins(0, 0, 0, 0);
+  buttons->setLayout(button_column);
+  Body()->addLayout(FillRow({hotspots, buttons}, kIndent));
+  Finish();
+}
+
+}  // namespace zrsimprp

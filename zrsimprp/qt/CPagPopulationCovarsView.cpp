@@ -1,0 +1,50 @@
+#include "zrsimprp/qt/CPagPopulationCovarsView.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+
+#include "zrsimprp/qt/GridView.h"
+#include "zrsimprp/qt/SectionHeader.h"
+
+namespace zrsimprp {
+
+CPagPopulationCovarsView::CPagPopulationCovarsView(CPagPopulationCovars& page, QWidget* parent)
+    : PageView(page, parent) {
+  Body()->addWidget(MakeHeader(page.lalPopCovariates, this));
+
+  // The continuous covariate: include it, name it, choose its law and give the law's parameters.
+  Body()->addWidget(MakeCheckBox(page.chkContinuousCov, this));
+  QLabel* continuous_caption = MakeLabel(page.labContinuousCov, this);
+  QLineEdit* continuous_name = MakeTextBox(page.txtContinuousCov, QString(), this);
+  NameAfter(continuous_caption, continuous_name);
+  Body()->addLayout(Row({continuous_caption, continuous_name}, kIndent));
+  QLabel* law_caption = MakeLabel(page.labDistribution, this);
+  QComboBox* law = MakeComboBox(page.cboDistribution, QString(), this);
+  NameAfter(law_caption, law);
+  Body()->addLayout(Row({law_caption, law}, kIndent));
+  Body()->addLayout(
+      FillRow({MakeGrid(page.flxContinuousCov, QStringLiteral("Continuous covariate parameters"), 2, this)},
+              kIndent));
+
+  // The categorical covariate: include it, name it, its levels and their probabilities.
+  Body()->addWidget(MakeCheckBox(page.chkCategoricalCov, this));
+  QLabel* categorical_caption = MakeLabel(page.labCategoricalCov, this);
+  QLineEdit* categorical_name = MakeTextBox(page.txtCategoricalCov, QString(), this);
+  NameAfter(categorical_caption, categorical_name);
+  Body()->addLayout(Row({categorical_caption, categorical_name}, kIndent));
+  GridView* levels =
+      MakeGrid(page.flxCategoricalCov, QStringLiteral("Categorical covariate levels"), 2, this);
+  auto* buttons = new QWidget(this);
+  QPushButton* add = MakeButton(page.cmdAddCovValue, QStringLiteral("Add level"), buttons);
+  QPushButton* remove = MakeButton(page.cmdSubCovValue, QStringLiteral("Remove level"), buttons);
+  auto* button_column = Column({add, remove});
+  button_column->setContentsMargins(0, 0, 0, 0);
+  buttons->setLayout(button_column);
+  Body()->addLayout(FillRow({levels, buttons}, kIndent));
+  Finish();
+}
+
+}  // namespace zrsimprp

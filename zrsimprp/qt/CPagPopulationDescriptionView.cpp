@@ -1,0 +1,57 @@
+#include "zrsimprp/qt/CPagPopulationDescriptionView.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+
+#include "zrsimprp/qt/AccessibleText.h"
+#include "zrsimprp/qt/GridView.h"
+#include "zrsimprp/qt/SectionHeader.h"
+
+namespace zrsimprp {
+
+CPagPopulationDescriptionView::CPagPopulationDescriptionView(CPagPopulationDescription& page, QWidget* parent)
+    : PageView(page, parent) {
+  Body()->addWidget(MakeHeader(page.lalPopsize, this));
+  const auto sizes = MakeOptions(page.optNcalculation, this);
+  for (QRadioButton* option : sizes) {
+    Chain(option);
+    Body()->addWidget(option);
+  }
+  Body()->addLayout(
+      FillRow({MakeGrid(page.flxN, AccessibleText::FromCaption(page.lalPopsize.Caption()), 2, this)}));
+
+  Body()->addWidget(MakeHeader(page.lal, this));
+  Body()->addWidget(MakeCheckBox(page.chkClusters, this));
+
+  QGroupBox* frame = MakeFrame(page.frmClusterSize, this);
+  auto* inside = new QVBoxLayout(frame);
+  const auto laws = MakeOptions(page.optClusterDist, frame);
+  const auto law_name = [&page](int index) {
+    return AccessibleText::FromCaption(page.optClusterDist.Button(index).Caption());
+  };
+  // The named distribution comes first in the frame, the pmf table under it.
+  Chain(laws[1]);
+  inside->addWidget(laws[1]);
+  inside->addLayout(Row({MakeComboBox(page.cboDistribution, law_name(1), frame)}, kIndent));
+  inside->addLayout(FillRow(
+      {MakeGrid(page.flxClusterParam, QStringLiteral("Distribution parameters"), 2, frame)}, kIndent));
+  Chain(laws[0]);
+  inside->addWidget(laws[0]);
+  GridView* pmf = MakeGrid(page.flxClusterSize, law_name(0), 2, frame);
+  auto* buttons = new QWidget(frame);
+  QPushButton* add = MakeButton(page.cmdAddSize, QStringLiteral("Add cluster size"), buttons);
+  QPushButton* remove = MakeButton(page.cmdSubSize, QStringLiteral("Remove cluster size"), buttons);
+  auto* button_column = Column({add, remove});
+  button_column->setContentsMargins(0, 0, 0, 0);
+  buttons->setLayout(button_column);
+  inside->addLayout(FillRow({pmf, buttons}, kIndent));
+  Body()->addWidget(frame);
+  Finish();
+}
+
+}  // namespace zrsimprp

@@ -1,0 +1,128 @@
+#include "zrsimprp/qt/SIMPropertiesWidget.h"
+
+#include <QCoreApplication>
+#include <QLayout>
+#include <QScrollArea>
+#include <QStackedWidget>
+#include <QTabBar>
+#include <QVBoxLayout>
+
+#include "zrsimprp/control/SIMProperties.h"
+#include "zrsimprp/qt/CPagAnalysesView.h"
+#include "zrsimprp/qt/CPagDensityView.h"
+#include "zrsimprp/qt/CPagDetectabilityView.h"
+#include "zrsimprp/qt/CPagMiscView.h"
+#include "zrsimprp/qt/CPagSimulationView.h"
+#include "zrsimprp/qt/ModelBinder.h"
+#include "zrsimprp/qt/PopulationTabView.h"
+#include "zrsimprp/qt/TabControlBinder.h"
+
+namespace zrsimprp {
+namespace {
+
+// Every page scrolls on its own when the control is smaller than the page.
+QScrollArea* Scrolling(QWidget* page, QWidget* parent) {
+  auto* area = new QScrollArea(parent);
+  area->setWidgetResizable(true);
+  area->setFrameShape(QFrame::NoFrame);
+  area->setWidget(page);
+  return area;
+}
+
+}  // namespace
+
+SIMPropertiesWidget::SIMPropertiesWidget(QWidget* parent)
+    : QWidget(parent), control_(std::make_unique<SIMProperties>(platform_)) {
+  platform_.SetDialogParent(this);
+  outer_tabs_ = new QTabBar(this);
+  outer_tabs_->setAccessibleName(QStringLiteral("Simulation definition"));
+  outer_tabs_->setDrawBase(true);
+  pages_ = new QStackedWidget(this);
+  BuildPages();
+  outer_binder_ = new TabControlBinder(control_->tapSimulationDefinition, outer_tabs_, pages_);
+  auto* layout = new QVBoxLayout(this);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->setSpacing(0);
+  layout->addWidget(outer_tabs_);
+  layout->addWidget(pages_, 1);
+  SetUpTabOrder();
+}
+
+SIMPropertiesWidget::~SIMPropertiesWidget() {
+  // The views watch the model: they go before it does.
+  delete outer_tabs_;
+  delete pages_;
+}
+
+void SIMPropertiesWidget::BuildPages() {
+  SIMProperties& control = *control_;
+  simulation_view_ = new CPagSimulationView(control.pagSimulation);
+  density_view_ = new CPagDensityView(control.pagDensity);
+  population_view_ =
+      new PopulationTabView(control.tabsPopulationDescription, control.pagPopulation, control.pagCovariates);
+  detectability_view_ = new CPagDetectabilityView(control.pagDetectability);
+  analyses_view_ = new CPagAnalysesView(control.pagAnalyses);
+  misc_view_ = new CPagMiscView(control.pagMisc);
+  for (QWidget* page : std::initializer_list<QWidget*>{simulation_view_, density_view_, population_view_,
+                                                       detectability_view_, analyses_view_, misc_view_}) {
+    pages_->addWidget(Scrolling(page, pages_));
+  }
+}
+
+void SIMPropertiesWidget::SetUpTabOrder() {
+  std::vector<QWidget*> chain{outer_tabs_};
+  const auto append = [&chain](const std::vector<QWidget*>& widgets) {
+    chain.insert(chain.end(), widgets.begin(), widgets.end());
+  };
+  append(simulation_view_->FocusChain());
+  append(density_view_->FocusChain());
+  append(population_view_->FocusChain());
+  append(detectability_view_->FocusChain());
+  append(analyses_view_->FocusChain());
+  append(misc_view_->FocusChain());
+  for (size_t i = 1; i < chain.size(); ++i) QWidget::setTabOrder(chain[i - 1], chain[i]);
+}
+
+std::string SIMPropertiesWidget::Definition() { return control_->Definition(); }
+void SIMPropertiesWidget::SetDefinition(const std::string& text) { control_->SetDefinition(text); }
+void SIMPropertiesWidget::SetProjectDatabase(std::shared_ptr<ProjectDatabase> database) {
+  control_->SetProjectDatabase(std::move(database));
+}
+bool SIMPropertiesWidget::IsValid() { return control_->IsValid(); }
+void SIMPropertiesWidget::Initialize() { control_->Initialize(); }
+void SIMPropertiesWidget::ResetDefinition() { control_->ResetDefinition(); }
+
+SIMProperties& SIMPropertiesWidget::Control() { return *control_; }
+QtPlatform& SIMPropertiesWidget::Platform() { return platform_; }
+
+void SIMPropertiesWidget::ShowOuterTab(int index) {
+  control_->tapSimulationDefinition.UserSelectTab(index);
+  RefreshNow();
+}
+
+void SIMPropertiesWidget::ShowInnerTab(int index) {
+  control_->tabsPopulationDescription.UserClickTab(index);
+  RefreshNow();
+}
+
+int SIMPropertiesWidget::CurrentOuterTab() const { return control_->tapSimulationDefinition.CurrentTab(); }
+int SIMPropertiesWidget::CurrentInnerTab() const {
+  return control_->tabsPopulationDescription.SelectedIndex();
+}
+
+QTabBar* SIMPropertiesWidget::InnerTabBar() const { return population_view_->InnerTabBar(); }
+
+void SIMPropertiesWidget::RefreshNow() {
+  for (ModelBinder* binder : findChildren<ModelBinder*>()) {
+    if (binder->RefreshPending()) binder->RefreshNow();
+  }
+}
+
+QImage SIMPropertiesWidget::Render() {
+  RefreshNow();
+  if (layout() != nullptr) layout()->activate();
+  if (!isVisible() && size().width() < 200) resize(sizeHint().expandedTo(QSize(640, 480)));
+  return grab().toImage();
+}
+
+}  // namespace zrsimprp
