@@ -100,7 +100,9 @@ int EditorApplication::Run(const EditorOptions& options) {
 
 int EditorApplication::Fail(int& argc, char** argv, const EditorOptions& options,
                             const std::string& message) {
-  std::cerr << message << (message.empty() || message.back() != '\n' ? "\n" : "");
+  const bool named = message.rfind("zrsim-editor:", 0) == 0;
+  std::cerr << (named ? "" : "zrsim-editor: ") << message
+            << (message.empty() || message.back() != '\n' ? "\n" : "");
   if (!CanShowBoxes(options)) return kUsageOrFileError;
   std::unique_ptr<QApplication> own;
   if (!QApplication::instance()) own = std::make_unique<QApplication>(argc, argv);

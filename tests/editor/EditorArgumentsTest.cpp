@@ -26,7 +26,8 @@ TEST(EditorArguments, NoArgumentsMeanTheDefaultProjectAndItsFirstSimulation) {
 }
 
 TEST(EditorArguments, TakesProjectSimulationAndScreenshotFolder) {
-  auto options = EditorArguments::Parse({"--project", "p.gpkg", "--simulation", "Night survey", "--screenshot=out"});
+  auto options =
+      EditorArguments::Parse({"--project", "p.gpkg", "--simulation", "Night survey", "--screenshot=out"});
   EXPECT_EQ(options.project, "p.gpkg");
   EXPECT_EQ(options.simulation, "Night survey");
   EXPECT_EQ(options.screenshot_dir, "out");

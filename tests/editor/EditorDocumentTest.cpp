@@ -34,7 +34,8 @@ TEST_F(EditorDocumentTest, FindsASimulationWithCaseIgnored) {
 }
 
 TEST_F(EditorDocumentTest, UnknownSimulationIsNamedInTheError) {
-  EXPECT_EQ(OpenFailure(Sample(), "Nonesuch"), "The project '" + Sample() + "' has no simulation named 'Nonesuch'.");
+  EXPECT_EQ(OpenFailure(Sample(), "Nonesuch"),
+            "The project '" + Sample() + "' has no simulation named 'Nonesuch'.");
 }
 
 TEST_F(EditorDocumentTest, MissingOrForeignFilesAreClearErrors) {

@@ -38,8 +38,8 @@ class EditorWindowTest : public EditorFixture {
 
   // The repetitions box as a person sees it: the line edit named after its label.
   QLineEdit* RepsEdit() {
-    const QString name =
-        zrsimprp::AccessibleText::FromCaption(window_->Properties().Control().pagSimulation.labReps.Caption());
+    const QString name = zrsimprp::AccessibleText::FromCaption(
+        window_->Properties().Control().pagSimulation.labReps.Caption());
     for (QLineEdit* edit : window_->findChildren<QLineEdit*>()) {
       if (edit->accessibleName() == name) return edit;
     }
@@ -72,6 +72,7 @@ TEST_F(EditorWindowTest, ValueTypedInTheFormIsThereAfterOkAndReopening) {
   EXPECT_NE(StoredDefinition().find("Reps=250;"), std::string::npos) << StoredDefinition();
   OpenWindow();
   EXPECT_EQ(window_->Properties().Control().pagSimulation.Reps(), "250");
+  window_->Properties().RefreshNow();
   EXPECT_EQ(RepsEdit()->text(), "250");
 }
 
@@ -107,9 +108,8 @@ TEST_F(EditorWindowTest, InvalidPageIsShownWithItsMessageAndNothingIsSaved) {
 
 TEST_F(EditorWindowTest, DefinitionThatCannotBeWrittenIsNotSavedAndTheOldOneStays) {
   // A setting the control cannot read as a Boolean makes writing the definition fail.
-  zrsimprp::GeoPackageProject::Open(Sample())
-      ->Settings()
-      ->WriteSetting(1, 3, "Properties", "InsertCrLf", zrsimprp::Variant(std::string("perhaps")));
+  zrsimprp::GeoPackageProject::Open(Sample())->Settings()->WriteSetting(
+      1, 3, "Properties", "InsertCrLf", zrsimprp::Variant(std::string("perhaps")));
   const std::string before = StoredDefinition();
   OpenWindow();
   TypeReps("99");
@@ -131,7 +131,8 @@ TEST_F(EditorWindowTest, ResetLoadsTheDefaultsWithoutSaving) {
   const std::size_t reps = defaults.find("Reps=");
   if (reps != std::string::npos) {
     const std::size_t end = defaults.find(';', reps);
-    EXPECT_EQ(window_->Properties().Control().pagSimulation.Reps(), defaults.substr(reps + 5, end - reps - 5));
+    EXPECT_EQ(window_->Properties().Control().pagSimulation.Reps(),
+              defaults.substr(reps + 5, end - reps - 5));
   }
   EXPECT_EQ(StoredDefinition(), before);
 }
