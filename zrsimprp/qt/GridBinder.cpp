@@ -30,9 +30,16 @@ void GridBinder::MirrorColumnWidths(bool shape_changed) {
   for (int col = 0; col < grid_.Cols(); ++col) {
     const int twips = grid_.ColWidth(col);
     int& shown = shown_widths_[static_cast<size_t>(col)];
-    if (twips == shown) continue;
+    if (twips == shown && !(twips < 0 && col < grid_.FixedCols())) continue;
     shown = twips;
-    header->resizeSection(col, twips >= 0 ? twips / kTwipsPerPixel : header->defaultSectionSize());
+    if (twips >= 0) {
+      header->resizeSection(col, twips / kTwipsPerPixel);
+    } else if (col < grid_.FixedCols()) {
+      // Label columns without a width of their own fit their captions.
+      view_->resizeColumnToContents(col);
+    } else {
+      header->resizeSection(col, header->defaultSectionSize());
+    }
   }
 }
 
