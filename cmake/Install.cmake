@@ -1,0 +1,107 @@
+# Installation, the exported CMake package and the Debian package.
+#
+# A host finds the installed libraries with find_package(ZrSIMPrp CONFIG) and links ZrSIMPrp::Core,
+# ZrSIMPrp::ProjectDb or ZrSIMPrp::Widgets. Core is a static library made of the objects of every
+# part, so the part object libraries themselves are never installed.
+include(CMakePackageConfigHelpers)
+
+set(ZRSIMPRP_INSTALL_CMAKEDIR ${CMAKE_INSTALL_LIBDIR}/cmake/ZrSIMPrp)
+
+set(zrsimprp_exported zrsimprp_core)
+set(ZRSIMPRP_HAS_PROJECTDB OFF)
+set(ZRSIMPRP_HAS_WIDGETS OFF)
+if(TARGET zrsimprp_projectdb)
+  list(APPEND zrsimprp_exported zrsimprp_projectdb)
+  set(ZRSIMPRP_HAS_PROJECTDB ON)
+endif()
+if(TARGET zrsimprp_widgets)
+  list(APPEND zrsimprp_exported zrsimprp_widgets)
+  set(ZRSIMPRP_HAS_WIDGETS ON)
+endif()
+
+install(TARGETS ${zrsimprp_exported} EXPORT ZrSIMPrpTargets
+  ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT development
+  LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT development
+  INCLUDES DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
+
+# Public headers keep their paths: #include "zrsimprp/control/SIMProperties.h".
+set(header_folders zrsimprp/host zrsimprp/modules zrsimprp/pages zrsimprp/control)
+if(ZRSIMPRP_HAS_WIDGETS)
+  list(APPEND header_folders zrsimprp/qt)
+endif()
+foreach(folder IN LISTS header_folders)
+  if(EXISTS ${PROJECT_SOURCE_DIR}/${folder})
+    get_filename_component(parent ${folder} DIRECTORY)
+    install(DIRECTORY ${PROJECT_SOURCE_DIR}/${folder} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/${parent}
+            COMPONENT development FILES_MATCHING PATTERN "*.h")
+  endif()
+endforeach()
+if(ZRSIMPRP_HAS_PROJECTDB)
+  install(DIRECTORY ${PROJECT_SOURCE_DIR}/projectdb DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}
+          COMPONENT development FILES_MATCHING PATTERN "*.h" PATTERN "tools" EXCLUDE)
+endif()
+
+foreach(program zrsim zrsim-editor)
+  if(TARGET ${program})
+    install(TARGETS ${program} RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT applications)
+  endif()
+endforeach()
+if(DEFINED ZRSIMPRP_SAMPLE_PROJECT AND TARGET zrsimprp_sample_project)
+  install(FILES ${ZRSIMPRP_SAMPLE_PROJECT} DESTINATION ${CMAKE_INSTALL_DATADIR}/zrsimprp
+          RENAME sample.gpkg COMPONENT applications)
+endif()
+foreach(document README.md)
+  if(EXISTS ${PROJECT_SOURCE_DIR}/${document})
+    install(FILES ${PROJECT_SOURCE_DIR}/${document} DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT applications)
+  endif()
+endforeach()
+if(EXISTS ${PROJECT_SOURCE_DIR}/docs)
+  install(DIRECTORY ${PROJECT_SOURCE_DIR}/docs/ DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT applications
+          FILES_MATCHING PATTERN "*.md")
+endif()
+
+install(EXPORT ZrSIMPrpTargets NAMESPACE ZrSIMPrp:: DESTINATION ${ZRSIMPRP_INSTALL_CMAKEDIR}
+        COMPONENT development)
+configure_package_config_file(${CMAKE_CURRENT_LIST_DIR}/ZrSIMPrpConfig.cmake.in
+  ${PROJECT_BINARY_DIR}/ZrSIMPrpConfig.cmake INSTALL_DESTINATION ${ZRSIMPRP_INSTALL_CMAKEDIR})
+write_basic_package_version_file(${PROJECT_BINARY_DIR}/ZrSIMPrpConfigVersion.cmake
+  VERSION ${PROJECT_VERSION} COMPATIBILITY SameMinorVersion)
+install(FILES ${PROJECT_BINARY_DIR}/ZrSIMPrpConfig.cmake ${PROJECT_BINARY_DIR}/ZrSIMPrpConfigVersion.cmake
+        DESTINATION ${ZRSIMPRP_INSTALL_CMAKEDIR} COMPONENT development)
+
+# Installs this build into a scratch prefix and builds a small host against the installed package.
+if(ZRSIMPRP_BUILD_TESTS AND PROJECT_IS_TOP_LEVEL)
+  add_test(NAME Install.ConsumerBuildsAgainstTheInstalledPackage
+    COMMAND ${CMAKE_COMMAND}
+      -DBUILD_DIR=${PROJECT_BINARY_DIR}
+      -DWORK_DIR=${PROJECT_BINARY_DIR}/install-test
+      -DCONSUMER_DIR=${PROJECT_SOURCE_DIR}/tests/install/consumer
+      -DGENERATOR=${CMAKE_GENERATOR}
+      -DCXX_COMPILER=${CMAKE_CXX_COMPILER}
+      -DSANITIZE=${ZRSIMPRP_SANITIZE}
+      -P ${PROJECT_SOURCE_DIR}/tests/install/InstallAndConsume.cmake)
+  set_tests_properties(Install.ConsumerBuildsAgainstTheInstalledPackage PROPERTIES
+    TIMEOUT 900 ENVIRONMENT "QT_QPA_PLATFORM=offscreen" RUN_SERIAL ON)
+endif()
+
+# `make package`: a Debian package of the programs, the libraries, headers and CMake package.
+set(CPACK_GENERATOR DEB)
+set(CPACK_PACKAGE_NAME zrsimprp)
+set(CPACK_PACKAGE_VENDOR "ZrSIMPrp developers")
+set(CPACK_PACKAGE_VERSION ${PROJECT_VERSION})
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "${PROJECT_DESCRIPTION}")
+set(CPACK_PACKAGE_DESCRIPTION
+    "The simulation properties control of a wildlife-survey analysis application, as a headless C++ \
+library with a Qt 6 Widgets view, a project-file library (GeoPackage), the zrsim command line and the \
+zrsim-editor properties form with a sample project.")
+set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_PACKAGE_MAINTAINER "ZrSIMPrp developers <zrsimprp@localhost>")
+set(CPACK_DEBIAN_PACKAGE_SECTION science)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS OFF)
+set(zrsimprp_package_depends "libsqlite3-0, libstdc++6")
+if(ZRSIMPRP_HAS_WIDGETS)
+  string(APPEND zrsimprp_package_depends ", libqt6widgets6, libqt6charts6, libqt6gui6, libqt6core6")
+endif()
+set(CPACK_DEBIAN_PACKAGE_DEPENDS "${zrsimprp_package_depends}")
+include(CPack)
