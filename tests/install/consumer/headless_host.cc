@@ -22,10 +22,12 @@ int main(int argc, char** argv) {
   control.SetDefinition(project->SimulationDefinition(names.front()) + "Reps=17;");
   control.Initialize();
   const std::string definition = control.Definition();
-  if (!control.IsValid() || definition.find("Reps=17;") == std::string::npos || !platform.Messages().empty()) {
+  if (!control.IsValid() || definition.find("Reps=17;") == std::string::npos ||
+      !platform.Messages().empty()) {
     std::cerr << "unexpected definition: " << definition << "\n";
     return 1;
   }
-  std::cout << "headless host: " << names.front() << " has " << control.pagSimulation.StrataNum() << " strata\n";
+  std::cout << "headless host: " << names.front() << " has " << control.pagSimulation.StrataNum()
+            << " strata\n";
   return 0;
 }
