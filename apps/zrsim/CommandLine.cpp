@@ -55,7 +55,7 @@ int CommandLine::Dispatch(const std::vector<std::string>& words) {
     return kSuccess;
   }
   InputFiles files(in_);
-  if (command == "project") return ProjectTool(out_, err_, files).Run(rest);
+  if (command == "project") return ProjectTool(out_, files).Run(rest);
   if (command != "check" && command != "normalize" && command != "show") {
     throw UsageError("zrsim: unknown command '" + command + "'\n" + Usage());
   }

@@ -14,8 +14,7 @@ namespace zrsim {
 // of the project file.
 class ProjectTool {
  public:
-  ProjectTool(std::ostream& out, std::ostream& err, InputFiles& files)
-      : out_(out), err_(err), files_(files) {}
+  ProjectTool(std::ostream& out, InputFiles& files) : out_(out), files_(files) {}
 
   // `words` starts after "project".
   int Run(const std::vector<std::string>& words);
@@ -46,7 +45,6 @@ class ProjectTool {
   static std::string Help(const std::string& subcommand);
 
   std::ostream& out_;
-  std::ostream& err_;
   InputFiles& files_;
 };
 
