@@ -46,11 +46,29 @@ TEST_F(BadDefinitionTest, RandomBytesEndInANormalResultOrAnInternalErrorReport) 
 }
 
 TEST_F(BadDefinitionTest, RandomMixesOfKnownEntriesNeverRaise) {
-  const std::vector<std::string> pieces = {
-      "Reps=", "Hotspot=\"\" /a=", "Density=Uniform /d=", "PopSize=\"Fixed N\" /v=", "DetFuncParam=\"\" /Scale=",
-      "Clusters=True /d=pmf /s=", "StrataLayer=", "Transects=Survey /o=", "1,2,3,4", "\"", ";", "/", "=",
-      "Detectability=\"Hazard Rate\" /ParamByStratum=True;", "CategoricalCov=sex /c=", "ParallelProcessing=",
-      "-1", "1e400", "Strata", "True", ",", " ", "\r\n"};
+  const std::vector<std::string> pieces = {"Reps=",
+                                           "Hotspot=\"\" /a=",
+                                           "Density=Uniform /d=",
+                                           "PopSize=\"Fixed N\" /v=",
+                                           "DetFuncParam=\"\" /Scale=",
+                                           "Clusters=True /d=pmf /s=",
+                                           "StrataLayer=",
+                                           "Transects=Survey /o=",
+                                           "1,2,3,4",
+                                           "\"",
+                                           ";",
+                                           "/",
+                                           "=",
+                                           "Detectability=\"Hazard Rate\" /ParamByStratum=True;",
+                                           "CategoricalCov=sex /c=",
+                                           "ParallelProcessing=",
+                                           "-1",
+                                           "1e400",
+                                           "Strata",
+                                           "True",
+                                           ",",
+                                           " ",
+                                           "\r\n"};
   std::mt19937 random(7u);
   std::uniform_int_distribution<size_t> pick(0, pieces.size() - 1);
   for (int round = 0; round < 150; ++round) {
@@ -117,9 +135,10 @@ TEST_F(BadDefinitionTest, NegativeHotspotValuesAreKeptAndSigmaFailsTheDensityChe
   control_->pagDensity.SetGridSpacing("10");
   std::string message;
   EXPECT_FALSE(control_->pagDensity.IsValid(message));
-  EXPECT_EQ(message,
-            "The value of sigma in row 1 of the hotspots table must be greater than zero. Please correct this "
-            "information.");
+  EXPECT_EQ(
+      message,
+      "The value of sigma in row 1 of the hotspots table must be greater than zero. Please correct this "
+      "information.");
 }
 
 TEST_F(BadDefinitionTest, TheLargestSixteenBitHotspotCountLoadsAndRebuilds) {
@@ -245,9 +264,7 @@ TEST_F(BadDefinitionTest, SeparatorsAloneEndReadingWithTheCodecsReport) {
   }
 }
 
-TEST_F(BadDefinitionTest, WhiteSpaceOnlyIsAnEmptyDefinition) {
-  ExpectNormal(Load(" \t\r\n  \r\n"));
-}
+TEST_F(BadDefinitionTest, WhiteSpaceOnlyIsAnEmptyDefinition) { ExpectNormal(Load(" \t\r\n  \r\n")); }
 
 TEST_F(BadDefinitionTest, ParallelProcessingWithAWordThatIsNoBooleanEndsReadingWithATypeMismatchReport) {
   const LoadOutcome outcome = Load("ParallelProcessing=maybe /cores=2;");
@@ -278,6 +295,23 @@ TEST_F(BadDefinitionTest, NulBytesAndHighBytesInValuesSurviveARebuild) {
   ExpectNormal(outcome);
   EXPECT_EQ(EntryOf(outcome.definition, "Density").field_values[0], formula);
   EXPECT_EQ(EntryOf(outcome.definition, "Density").field_values[1], "\x01");
+}
+
+TEST_F(BadDefinitionTest, DesignTextWithAnUnquotedBlankInItsKeyIsReportedAndLeavesNoStrata) {
+  // A bare token holds no blank, so the key STRATUM LAYER must be quoted in a design's text.
+  project_ = std::make_shared<MemoryProjectDatabase>();
+  project_->AddDesign(10, "Lines", "STRATUM LAYER=Strata;");
+  project_->AddSurvey(1, "Line survey", 1, 10);
+  const LoadOutcome outcome = Load("Reps=4;");
+  EXPECT_FALSE(outcome.raised) << outcome.raised_description;
+  ASSERT_EQ(outcome.messages.size(), 1u);
+  const std::string& report = outcome.messages[0].text;
+  EXPECT_EQ(FirstLine(report), kReportFirstLine);
+  EXPECT_EQ(RaisedFrom(report), "(Error raised from: ZrSIMPrp.PagSimulation.Inititalize)");
+  EXPECT_NE(report.find("(Error source: DefinitionEntryCodec)"), std::string::npos) << report;
+  EXPECT_EQ(control_->pagSimulation.StrataNum(), 0);
+  EXPECT_EQ(EntryOf(outcome.definition, "StrataLayer").value, "None");
+  EXPECT_EQ(EntryOf(outcome.definition, "Reps").value, "4");
 }
 
 }  // namespace

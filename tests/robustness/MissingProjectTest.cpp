@@ -44,8 +44,9 @@ TEST_F(MissingProjectTest, InitializeRaisesObjectNotSetNamingTheMissingDatabase)
 TEST_F(MissingProjectTest, InitializeReportsThePagesThatListProjectRecordsBeforeRaising) {
   SIMProperties& control = Unconnected("Reps=5;");
   EXPECT_THROW(control.Initialize(), RuntimeError);
-  EXPECT_EQ(ReportOrigins(), (std::vector<std::string>{"(Error raised from: ZrSIMPrp.PagSimulation.Inititalize)",
-                                                       "(Error raised from: ZrSIMPrp.PagAnalyses.Inititalize)"}));
+  EXPECT_EQ(ReportOrigins(),
+            (std::vector<std::string>{"(Error raised from: ZrSIMPrp.PagSimulation.Inititalize)",
+                                      "(Error raised from: ZrSIMPrp.PagAnalyses.Inititalize)"}));
   // The definition was read before the tabs were restored from the (missing) settings.
   EXPECT_EQ(control.pagSimulation.Reps(), "5");
 }

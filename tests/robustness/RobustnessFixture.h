@@ -35,7 +35,8 @@ inline std::shared_ptr<MemoryProjectDatabase> MakeRobustnessProject() {
   strata.parent = "Region";
   strata.label_field = "Label";
   strata.ids = {Variant(int32_t{1}), Variant(int32_t{2}), Variant(int32_t{3})};
-  strata.labels = {Variant(std::string("North")), Variant(std::string("Middle")), Variant(std::string("South"))};
+  strata.labels = {Variant(std::string("North")), Variant(std::string("Middle")),
+                   Variant(std::string("South"))};
   project->AddLayer(strata);
 
   project->AddDataFilter(5, "All data");
