@@ -148,11 +148,8 @@ TEST_F(BadDefinitionTest, NegativeHotspotValuesAreKeptAndSigmaFailsTheDensityChe
 }
 
 TEST_F(BadDefinitionTest, TheLargestSixteenBitHotspotCountLoadsAndRebuilds) {
-  // Fails: WriteDefinition counts the hotspots with a 16-bit loop variable, which wraps from 32767
-  // to -32768 instead of ending the loop, so HotspotValues(-32768) raises error 381 ("Invalid
-  // property array index", source Grid), the write is reported and Definition() gives "": every
-  // setting of a simulation with 32,767 hotspots is lost on saving.
-  GTEST_SKIP() << "SIMProperties::WriteDensityEntries: 16-bit hotspot loop wraps at 32767";
+  // The largest count a 16-bit NumHotspots can hold must still be written out in full: a 16-bit
+  // loop counter would wrap past it and lose the whole definition on saving.
   const LoadOutcome outcome = Load(Hotspots(32767, "1,2,3,4"));
   ExpectNormal(outcome);
   EXPECT_EQ(control_->pagDensity.NumHotspots(), 32767);

@@ -367,10 +367,11 @@ void SIMProperties::WriteDensityEntries(std::string& text, FieldSlots& slots, bo
   // Any other description keeps the slots of the last entry that set them; the engine expects it so.
   Append(text, "Density", description, slots, slots.count, line_breaks);
 
-  const int16_t hotspots = pagDensity.NumHotspots();
-  for (int16_t i = 1; i <= hotspots; ++i) {
+  // The counter is wider than the 16-bit count so that 32,767 hotspots end the loop instead of wrapping.
+  const int32_t hotspots = pagDensity.NumHotspots();
+  for (int32_t i = 1; i <= hotspots; ++i) {
     slots.names[0] = "X,Y,Sig,Amp";
-    slots.values[0] = pagDensity.HotspotValues(i);
+    slots.values[0] = pagDensity.HotspotValues(static_cast<int16_t>(i));
     slots.count = 1;
     Append(text, "Hotspot", "", slots, slots.count, line_breaks);
   }

@@ -1,5 +1,7 @@
 #include "zrsimprp/modules/CModErrorHandling.h"
 
+#include "zrsimprp/host/ErrorTrap.h"
+
 namespace zrsimprp {
 
 std::string CModErrorHandling::InternalErrorText(const std::string& component_name,
@@ -22,6 +24,20 @@ void CModErrorHandling::ReportInternalError(Platform& platform, const std::strin
   const std::string text = InternalErrorText(platform.ComponentName(), module_name, routine_name, error);
   platform.Beep();
   platform.MessageBox(text, "Pellunar Internal Error", MessageIcon::Critical);
+}
+
+bool CModErrorHandling::RunPageChecks(std::string& message, const std::function<std::string()>& first_failure) {
+  std::string failure;
+  if (!RunTrapped([&] { failure = first_failure(); }, [](const RuntimeError&) {})) {
+    message = kUnexpectedCheckMessage;
+    return false;
+  }
+  if (!failure.empty()) {
+    message += failure;
+    return false;
+  }
+  message.clear();
+  return true;
 }
 
 }  // namespace zrsimprp

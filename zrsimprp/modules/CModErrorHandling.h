@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "zrsimprp/host/Platform.h"
@@ -18,6 +19,12 @@ class CModErrorHandling {
   // The report's text for `error` raised in module.routine of the component `component_name`.
   static std::string InternalErrorText(const std::string& component_name, const std::string& module_name,
                                        const std::string& routine_name, const RuntimeError& error);
+
+  // Every page's IsValid: `first_failure` runs the page's checks in order and gives the first
+  // failure's message, or "" when all pass. A failure is appended to `message` and gives false; a
+  // pass empties `message`; an error inside the checks replaces `message` with the unexpected-error
+  // text and gives false.
+  static bool RunPageChecks(std::string& message, const std::function<std::string()>& first_failure);
 
   // Resets the mouse pointer, beeps and shows the text in a critical-stop box titled
   // "Pellunar Internal Error".

@@ -162,30 +162,18 @@ void CPagDensity::SetHotspotValues(int16_t k, const std::string& value) {
 }
 
 bool CPagDensity::IsValid(std::string& validation_string) {
-  std::string message;
-  const bool finished = RunTrapped(
-      [this, &message] {
-        message = GridSpacingFailure();
-        if (message.empty()) {
-          if (optDensity.Value(kUniformOption)) {
-            message = UniformDensityFailure();
-          } else if (optDensity.Value(kSimpleOption)) {
-            message = FormulaFailure();
-          }
-        }
-        if (message.empty() && chkHotspots.Value() == CheckBox::kChecked) message = HotspotFailure();
-      },
-      [](const RuntimeError&) {});
-  if (!finished) {
-    validation_string = CModErrorHandling::kUnexpectedCheckMessage;
-    return false;
-  }
-  if (!message.empty()) {
-    validation_string += message;
-    return false;
-  }
-  validation_string.clear();
-  return true;
+  return CModErrorHandling::RunPageChecks(validation_string, [this] {
+    std::string message = GridSpacingFailure();
+    if (message.empty()) {
+      if (optDensity.Value(kUniformOption)) {
+        message = UniformDensityFailure();
+      } else if (optDensity.Value(kSimpleOption)) {
+        message = FormulaFailure();
+      }
+    }
+    if (message.empty() && chkHotspots.Value() == CheckBox::kChecked) message = HotspotFailure();
+    return message;
+  });
 }
 
 void CPagDensity::Initialize() {

@@ -117,34 +117,26 @@ int16_t CPagDetectability::ParamRow(const std::string& param_name) {
 }
 
 bool CPagDetectability::IsValid(std::string& message) {
-  bool valid = true;
-  const bool finished = RunTrapped(
-      [&] {
-        const Color normal = flxDetect.BackColor();
-        for (int row = 1; row < flxDetect.Rows() && valid; ++row) {
-          for (int col = 1; col < flxDetect.Cols(); ++col) {
-            if (flxDetect.CellBackColor(row, col) != normal) continue;
-            const std::string& text = flxDetect.TextMatrix(row, col);
-            const std::string& name = flxDetect.TextMatrix(row, 0);
-            const std::string& stratum = flxDetect.TextMatrix(0, col);
-            if (text.empty()) {
-              message += "There is no value supplied for parameter " + name + " for strata '" + stratum +
-                         "'.  Please enter a value in this cell.";
-            } else if (!IsNumeric(text)) {
-              message += "The value supplied for parameter " + name + " for strata '" + stratum +
-                         "' is not numeric.  Please ammend the value in this cell.";
-            } else {
-              continue;
-            }
-            valid = false;
-            break;
-          }
+  return CModErrorHandling::RunPageChecks(message, [this]() -> std::string {
+    const Color normal = flxDetect.BackColor();
+    for (int row = 1; row < flxDetect.Rows(); ++row) {
+      for (int col = 1; col < flxDetect.Cols(); ++col) {
+        if (flxDetect.CellBackColor(row, col) != normal) continue;  // greyed cells are not in use
+        const std::string& text = flxDetect.TextMatrix(row, col);
+        const std::string& name = flxDetect.TextMatrix(row, 0);
+        const std::string& stratum = flxDetect.TextMatrix(0, col);
+        if (text.empty()) {
+          return "There is no value supplied for parameter " + name + " for strata '" + stratum +
+                 "'.  Please enter a value in this cell.";
         }
-      },
-      [&](const RuntimeError&) { message = CModErrorHandling::kUnexpectedCheckMessage; });
-  if (!finished) return false;
-  if (valid) message.clear();
-  return valid;
+        if (!IsNumeric(text)) {
+          return "The value supplied for parameter " + name + " for strata '" + stratum +
+                 "' is not numeric.  Please ammend the value in this cell.";
+        }
+      }
+    }
+    return "";
+  });
 }
 
 void CPagDetectability::Initialize() {

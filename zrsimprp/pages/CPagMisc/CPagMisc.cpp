@@ -44,20 +44,10 @@ void CPagMisc::SetCores(const std::string& value) {
 }
 
 bool CPagMisc::IsValid(std::string& message) {
-  bool valid = true;
-  const bool finished = RunTrapped(
-      [this, &valid] { valid = chkParallel.Value() != CheckBox::kChecked || IsCoreLimit(txtCores.Text()); },
-      [](const RuntimeError&) {});
-  if (!finished) {
-    message = CModErrorHandling::kUnexpectedCheckMessage;
-    return false;
-  }
-  if (!valid) {
-    message += "The maximum number of cores must either be an integer or left blank.";
-    return false;
-  }
-  message.clear();
-  return true;
+  return CModErrorHandling::RunPageChecks(message, [this]() -> std::string {
+    if (chkParallel.Value() != CheckBox::kChecked || IsCoreLimit(txtCores.Text())) return "";
+    return "The maximum number of cores must either be an integer or left blank.";
+  });
 }
 
 void CPagMisc::Initialize() {

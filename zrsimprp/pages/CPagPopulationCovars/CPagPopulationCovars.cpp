@@ -227,23 +227,11 @@ void CPagPopulationCovars::UpdateContinuousSummary() {
 // Validation
 
 bool CPagPopulationCovars::IsValid(std::string& message) {
-  std::string failure;
-  const bool finished = RunTrapped(
-      [this, &failure] {
-        failure = CheckCategorical();
-        if (failure.empty()) failure = CheckContinuous();
-      },
-      [](const RuntimeError&) {});
-  if (!finished) {
-    message = CModErrorHandling::kUnexpectedCheckMessage;
-    return false;
-  }
-  if (!failure.empty()) {
-    message += failure;
-    return false;
-  }
-  message.clear();
-  return true;
+  return CModErrorHandling::RunPageChecks(message, [this] {
+    std::string failure = CheckCategorical();
+    if (failure.empty()) failure = CheckContinuous();
+    return failure;
+  });
 }
 
 std::string CPagPopulationCovars::CheckCategorical() {

@@ -299,23 +299,11 @@ double CPagPopulationDescription::ClusterDistributionMean() {
 // Validation
 
 bool CPagPopulationDescription::IsValid(std::string& message) {
-  std::string failure;
-  const bool finished = RunTrapped(
-      [this, &failure] {
-        failure = CheckPopulationSize();
-        if (failure.empty()) failure = CheckClusters();
-      },
-      [](const RuntimeError&) {});
-  if (!finished) {
-    message = CModErrorHandling::kUnexpectedCheckMessage;
-    return false;
-  }
-  if (!failure.empty()) {
-    message += failure;
-    return false;
-  }
-  message.clear();
-  return true;
+  return CModErrorHandling::RunPageChecks(message, [this] {
+    std::string failure = CheckPopulationSize();
+    if (failure.empty()) failure = CheckClusters();
+    return failure;
+  });
 }
 
 std::string CPagPopulationDescription::CheckPopulationSize() {

@@ -160,39 +160,22 @@ void CPagSimulation::SelectByKey(const KeyedList& list, ComboBox& combo, const s
 
 bool CPagSimulation::IsValid(std::string& validation_string) {
   validation_string = "";
-  bool valid = false;
-  const bool finished = RunTrapped(
-      [&] {
-        std::string message;
-        valid = !RepetitionsMessage(message);
-        if (!valid) validation_string += message;
-      },
-      [](const RuntimeError&) {});
-  if (!finished) {
-    validation_string = CModErrorHandling::kUnexpectedCheckMessage;
-    return false;
-  }
-  return valid;
+  return CModErrorHandling::RunPageChecks(validation_string, [this] { return RepetitionsFailure(); });
 }
 
-// True, with the message, when the repetitions are not a positive whole number.
-bool CPagSimulation::RepetitionsMessage(std::string& message) {
+// The message for repetitions that are not a positive whole number, or "".
+std::string CPagSimulation::RepetitionsFailure() {
   const std::string& text = txtReps.Text();
   if (IsNumeric(text)) {
     const int16_t repetitions = ToInt16(text);
-    if (ToDouble(text) != static_cast<double>(repetitions)) {
-      message = "The number of repetitions must be an integer.";
-      return true;
-    }
-    if (repetitions >= 1) return false;
-    message = "The number of repetitions must be greater than 0.";
-    return true;
+    if (ToDouble(text) != static_cast<double>(repetitions)) return "The number of repetitions must be an integer.";
+    if (repetitions >= 1) return "";
+    return "The number of repetitions must be greater than 0.";
   }
   // A blank box is not numeric, so the blank-box wording is never reached and the numeric one shows.
   const bool blank_and_numeric = text.empty() && IsNumeric(text);
-  message = blank_and_numeric ? "The number of repetitions cannot be left blank, please provide a number."
-                              : "The number of repetitions must be numeric.";
-  return true;
+  return blank_and_numeric ? "The number of repetitions cannot be left blank, please provide a number."
+                           : "The number of repetitions must be numeric.";
 }
 
 void CPagSimulation::Initialize() {

@@ -62,7 +62,7 @@ class CPagSimulation : public PageControl {
   void FillDesignList();
   void FillSurveyList();
   void SelectByKey(const KeyedList& list, ComboBox& combo, const std::string& value);
-  bool RepetitionsMessage(std::string& message);
+  std::string RepetitionsFailure();
   std::shared_ptr<DesignRecord> FindDesign(double design_id);
   void ShowListEnabled(ComboBox& combo, bool enabled);
 
