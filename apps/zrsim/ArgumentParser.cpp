@@ -49,9 +49,9 @@ ParsedArguments ArgumentParser::Parse(const std::vector<std::string>& words) con
       name.erase(equals);
       inline_value = true;
     }
-    auto spec = takes_value_.find(name);
-    if (spec == takes_value_.end()) Fail("unknown option '--" + name + "'");
-    if (!spec->second) {
+    auto option = takes_value_.find(name);
+    if (option == takes_value_.end()) Fail("unknown option '--" + name + "'");
+    if (!option->second) {
       if (inline_value) Fail("option '--" + name + "' takes no value");
     } else if (!inline_value) {
       // A following option word is never taken as a value: "--project --simulation x" is a mistake.
