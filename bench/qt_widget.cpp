@@ -23,8 +23,8 @@ std::shared_ptr<zrsimprp::MemoryProjectDatabase> MakeProject(int strata) {
   layer.kind = 1;
   layer.label_field = "Label";
   for (int i = 1; i <= strata; ++i) {
-    layer.ids.push_back(Variant(int32_t{i}));
-    layer.labels.push_back(Variant("S" + std::to_string(i)));
+    layer.ids.emplace_back(int32_t{i});
+    layer.labels.emplace_back(std::string("S") + std::to_string(i));
   }
   database->AddLayer(layer);
   return database;
