@@ -10,6 +10,8 @@
 #include "zrsim-editor/EditorDocument.h"
 #include "zrsim-editor/EditorError.h"
 #include "zrsim-editor/EditorWindow.h"
+#include "zrsim-editor/FirstFrameProbe.h"
+#include "zrsim-editor/ProcessClock.h"
 #include "zrsim-editor/ScreenshotWriter.h"
 
 namespace zrsim_editor {
@@ -29,7 +31,8 @@ bool HasDisplay() { return !Environment("DISPLAY").empty() || !Environment("WAYL
 
 bool EditorApplication::CanShowBoxes(const EditorOptions& options) {
   const std::string platform = Environment("QT_QPA_PLATFORM");
-  return options.screenshot_dir.empty() && HasDisplay() && platform != "offscreen" && platform != "minimal";
+  return options.screenshot_dir.empty() && !options.exit_after_first_frame && HasDisplay() &&
+         platform != "offscreen" && platform != "minimal";
 }
 
 std::string EditorApplication::DefaultProject(const std::string& application_dir) {
@@ -38,6 +41,7 @@ std::string EditorApplication::DefaultProject(const std::string& application_dir
 }
 
 int EditorApplication::Main(int& argc, char** argv, const std::vector<std::string>& words) {
+  ProcessClock::MarkStart();
   EditorOptions options;
   try {
     options = EditorArguments::Parse(words);
@@ -79,13 +83,19 @@ int EditorApplication::Run(const EditorOptions& options) {
   }
   std::unique_ptr<EditorDocument> document = EditorDocument::Open(project, options.simulation);
   EditorWindow window(*document);
-  if (!options.screenshot_dir.empty()) {
+  if (!options.screenshot_dir.empty() || options.exit_after_first_frame) {
     // Nobody is there to close a box: messages are printed instead.
     window.SetMessageSink([](const std::string& text, const std::string& title) {
       std::cerr << title << ": " << text << "\n";
     });
   }
   if (!window.Load()) return kUsageOrFileError;
+  if (options.exit_after_first_frame) {
+    FirstFrameProbe::Watch(&window, [] {
+      std::cout << static_cast<long long>(ProcessClock::MillisecondsSinceStart() + 0.5) << std::endl;
+      QApplication::exit(0);
+    });
+  }
   if (options.screenshot_dir.empty()) {
     window.show();
     return QApplication::exec();

@@ -9,13 +9,17 @@
 namespace zrsim_editor {
 
 std::string EditorArguments::Usage() {
-  return "Usage: zrsim-editor [--project FILE] [--simulation NAME] [--screenshot DIR]\n"
+  return "Usage: zrsim-editor [--project FILE] [--simulation NAME] [--screenshot DIR | "
+         "--exit-after-first-frame]\n"
          "\n"
          "Edits one simulation of a project in the simulation properties form.\n"
          "\n"
          "  --project FILE     the project file (default: the sample project)\n"
          "  --simulation NAME  the simulation to edit (default: the project's first)\n"
          "  --screenshot DIR   draw every tab into DIR as PNG files and exit; needs no display\n"
+         "  --exit-after-first-frame\n"
+         "                     show the form, print the milliseconds from the start of the process to\n"
+         "                     the window's first frame, and exit\n"
          "  --help             this text\n"
          "\n"
          "Exit status: 0 done, 2 a mistake in the arguments or a project that cannot be used.\n";
@@ -33,6 +37,7 @@ EditorOptions EditorArguments::Parse(const std::vector<std::string>& words) {
                  .Option("project")
                  .Option("simulation")
                  .Option("screenshot")
+                 .Flag("exit-after-first-frame")
                  .Parse(words);
   } catch (const zrsim::UsageError& error) {
     throw EditorError(error.what());
@@ -40,10 +45,16 @@ EditorOptions EditorArguments::Parse(const std::vector<std::string>& words) {
   options.project = parsed.Value("project");
   options.simulation = parsed.Value("simulation");
   options.screenshot_dir = parsed.Value("screenshot");
+  options.exit_after_first_frame = parsed.Has("exit-after-first-frame");
   for (const char* option : {"project", "simulation", "screenshot"}) {
     if (parsed.Has(option) && parsed.Value(option).empty()) {
       throw EditorError(std::string("zrsim-editor: the value of --") + option + " is empty");
     }
+  }
+  if (options.exit_after_first_frame && parsed.Has("screenshot")) {
+    throw EditorError(
+        "zrsim-editor: --exit-after-first-frame shows the window, --screenshot draws into files; "
+        "use one of them");
   }
   return options;
 }

@@ -7,7 +7,7 @@
 
 namespace zrsim_editor {
 
-// zrsim-editor [--project FILE] [--simulation NAME] [--screenshot DIR]
+// zrsim-editor [--project FILE] [--simulation NAME] [--screenshot DIR | --exit-after-first-frame]
 class EditorArguments {
  public:
   // EditorError for every mistake.

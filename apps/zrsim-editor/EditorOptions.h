@@ -7,9 +7,10 @@ namespace zrsim_editor {
 // What the command line asked of the editor.
 struct EditorOptions {
   bool help = false;
-  std::string project;         // "" for the default sample project
-  std::string simulation;      // "" for the project's first simulation
-  std::string screenshot_dir;  // "" for the interactive window
+  std::string project;                  // "" for the default sample project
+  std::string simulation;               // "" for the project's first simulation
+  std::string screenshot_dir;           // "" for the interactive window
+  bool exit_after_first_frame = false;  // show the window, tell how long its first frame took, and exit
 };
 
 }  // namespace zrsim_editor
