@@ -3,11 +3,13 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QComboBox>
+#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScrollBar>
 #include <QTabBar>
 #include <QTest>
 #include <QTimer>
@@ -319,6 +321,59 @@ TEST_F(SIMPropertiesWidgetTest, DisabledListsArePaintedGreyFromThePalette) {
   }
   EXPECT_EQ(Named<QComboBox>("Region / strata layer")->palette().color(QPalette::Active, QPalette::Base),
             widget_->palette().color(QPalette::Base));
+}
+
+// Walks every tab and inner tab and checks each grid shown there.
+TEST_F(SIMPropertiesWidgetTest, EveryShownGridFitsItsTextsAndRows) {
+  Load(kFullDefinition);
+  widget_->show();
+  int checked = 0;
+  const auto check_shown_grids = [&](const std::string& where) {
+    widget_->RefreshNow();
+    RunEventLoopTurn();
+    for (GridView* grid : widget_->findChildren<GridView*>()) {
+      if (!grid->isVisible()) continue;
+      ++checked;
+      const std::string name = where + ": " + grid->accessibleName().toStdString();
+      for (int col = 0; col < grid->model()->columnCount(); ++col) {
+        EXPECT_GE(grid->columnWidth(col), static_cast<QAbstractItemView*>(grid)->sizeHintForColumn(col))
+            << name << " column " << col;
+      }
+      const int rows = grid->model()->rowCount();
+      EXPECT_EQ(grid->verticalScrollBar()->maximum(), 0) << name;
+      EXPECT_EQ(grid->viewport()->height(), rows * grid->rowHeight(0)) << name;
+    }
+  };
+  for (int tab = 0; tab < 6; ++tab) {
+    widget_->ShowOuterTab(tab);
+    if (tab == 2) {
+      widget_->ShowInnerTab(1);
+      check_shown_grids("Population");
+      widget_->ShowInnerTab(2);
+      check_shown_grids("Covariates");
+    } else {
+      check_shown_grids("tab " + std::to_string(tab));
+    }
+  }
+  EXPECT_GE(checked, 8);
+  EXPECT_TRUE(shown_.empty()) << AllTitles();
+}
+
+TEST_F(SIMPropertiesWidgetTest, CovariateCaptionsAreNotCutShort) {
+  Load(kFullDefinition);
+  widget_->show();
+  widget_->ShowOuterTab(2);
+  widget_->ShowInnerTab(2);
+  RunEventLoopTurn();
+  for (const char* name : {"Continuous covariate parameters", "Categorical covariate levels"}) {
+    GridView* grid = Named<GridView>(name);
+    ASSERT_NE(grid, nullptr);
+    const QFontMetrics metrics(grid->font());
+    for (int row = 0; row < grid->model()->rowCount(); ++row) {
+      const QString caption = grid->model()->data(grid->model()->index(row, 0)).toString();
+      EXPECT_GT(grid->columnWidth(0), metrics.horizontalAdvance(caption)) << caption.toStdString();
+    }
+  }
 }
 
 }  // namespace

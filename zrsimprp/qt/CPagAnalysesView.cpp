@@ -33,7 +33,7 @@ CPagAnalysesView::CPagAnalysesView(CPagAnalyses& page, QWidget* parent) : PageVi
   QComboBox* type = MakeComboBox(page.cboAnalysisType, QString(), frame);
   NameAfter(type_caption, type);
   inside->addLayout(Row({type_caption, type}));
-  GridView* models = MakeGrid(page.flxModels, QStringLiteral("Analyses"), 4, frame);
+  GridView* models = MakeGrid(page.flxModels, QStringLiteral("Analyses"), frame);
   auto* buttons = new QWidget(frame);
   QPushButton* add = MakeButton(page.cmdAddModel, QStringLiteral("Add analysis"), buttons);
   QPushButton* remove = MakeButton(page.cmdSubModel, QStringLiteral("Remove analysis"), buttons);

@@ -22,7 +22,7 @@ CPagDensityView::CPagDensityView(CPagDensity& page, QWidget* parent) : PageView(
 
   Chain(options[0]);
   Body()->addWidget(options[0]);
-  GridView* densities = MakeGrid(page.flxConstantDensity, option_name(0), 2, this);
+  GridView* densities = MakeGrid(page.flxConstantDensity, option_name(0), this);
   Body()->addLayout(FillRow({densities}, kIndent));
 
   Chain(options[1]);
@@ -46,7 +46,7 @@ CPagDensityView::CPagDensityView(CPagDensity& page, QWidget* parent) : PageView(
   Body()->addLayout(Row({spacing_caption, spacing}));
 
   Body()->addWidget(MakeCheckBox(page.chkHotspots, this));
-  GridView* hotspots = MakeGrid(page.flxHotspots, AccessibleText::FromCaption("Hotspots"), 4, this);
+  GridView* hotspots = MakeGrid(page.flxHotspots, AccessibleText::FromCaption("Hotspots"), this);
   auto* buttons = new QWidget(this);
   QPushButton* add = MakeButton(page.cmdAddHotspot, QStringLiteral("Add hotspot"), buttons);
   QPushButton* remove = MakeButton(page.cmdSubHotspot, QStringLiteral("Remove hotspot"), buttons);

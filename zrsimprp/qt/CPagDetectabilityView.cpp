@@ -21,7 +21,7 @@ CPagDetectabilityView::CPagDetectabilityView(CPagDetectability& page, QWidget* p
   Body()->addLayout(Row({model_caption, model}));
   Body()->addWidget(MakeCheckBox(page.chkStratify, this));
   Body()->addLayout(
-      FillRow({MakeGrid(page.flxDetect, QStringLiteral("Detection function parameters"), 6, this)}));
+      FillRow({MakeGrid(page.flxDetect, QStringLiteral("Detection function parameters"), this)}));
 
   QGroupBox* frame = MakeFrame(page.frmDetFunc, this);
   auto* inside = new QVBoxLayout(frame);

@@ -23,7 +23,7 @@ CPagPopulationDescriptionView::CPagPopulationDescriptionView(CPagPopulationDescr
     Body()->addWidget(option);
   }
   Body()->addLayout(
-      FillRow({MakeGrid(page.flxN, AccessibleText::FromCaption(page.lalPopsize.Caption()), 2, this)}));
+      FillRow({MakeGrid(page.flxN, AccessibleText::FromCaption(page.lalPopsize.Caption()), this)}));
 
   Body()->addWidget(MakeHeader(page.lal, this));
   Body()->addWidget(MakeCheckBox(page.chkClusters, this));
@@ -38,11 +38,11 @@ CPagPopulationDescriptionView::CPagPopulationDescriptionView(CPagPopulationDescr
   Chain(laws[1]);
   inside->addWidget(laws[1]);
   inside->addLayout(Row({MakeComboBox(page.cboDistribution, law_name(1), frame)}, kIndent));
-  inside->addLayout(FillRow(
-      {MakeGrid(page.flxClusterParam, QStringLiteral("Distribution parameters"), 2, frame)}, kIndent));
+  inside->addLayout(
+      FillRow({MakeGrid(page.flxClusterParam, QStringLiteral("Distribution parameters"), frame)}, kIndent));
   Chain(laws[0]);
   inside->addWidget(laws[0]);
-  GridView* pmf = MakeGrid(page.flxClusterSize, law_name(0), 2, frame);
+  GridView* pmf = MakeGrid(page.flxClusterSize, law_name(0), frame);
   auto* buttons = new QWidget(frame);
   QPushButton* add = MakeButton(page.cmdAddSize, QStringLiteral("Add cluster size"), buttons);
   QPushButton* remove = MakeButton(page.cmdSubSize, QStringLiteral("Remove cluster size"), buttons);

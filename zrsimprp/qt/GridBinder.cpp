@@ -1,11 +1,18 @@
 #include "zrsimprp/qt/GridBinder.h"
 
+#include <QEvent>
 #include <QHeaderView>
+#include <algorithm>
+#include <utility>
 
 namespace zrsimprp {
 
 GridBinder::GridBinder(Grid& grid, GridView* view)
-    : ControlBinder(grid, view), grid_(grid), view_(view), model_(new GridTableModel(grid, view, this)) {
+    : ControlBinder(grid, view),
+      grid_(grid),
+      view_(view),
+      model_(new GridTableModel(grid, view, this)),
+      text_widths_([view](const std::string& text) { return view->CellWidthFor(text); }) {
   view->setModel(model_);
   view->SetCanEdit([this](int row, int col) { return grid_.UserCanEditCell(row, col); });
   connect(view->selectionModel(), &QItemSelectionModel::currentChanged, this,
@@ -18,29 +25,36 @@ void GridBinder::Mirror() {
   model_->Sync();
   MirrorColumnWidths(shape_changed);
   MirrorCursor();
-  if (shape_changed) view_->updateGeometry();
   view_->viewport()->update();
 }
 
+int GridBinder::WantedWidth(int col) const {
+  const int twips = grid_.ColWidth(col);
+  // The grid's width is a floor: a caption or value wider than it widens the column.
+  int floor = 0;
+  if (twips >= 0) {
+    floor = twips / kTwipsPerPixel;
+  } else if (col >= grid_.FixedCols()) {
+    floor = view_->horizontalHeader()->defaultSectionSize();
+  }
+  return std::max(floor, text_widths_.Width(col));
+}
+
 void GridBinder::MirrorColumnWidths(bool shape_changed) {
+  // A new shape resets every section to the default width: all of them are set again.
   if (shape_changed || shown_widths_.size() != static_cast<size_t>(grid_.Cols())) {
     shown_widths_.assign(static_cast<size_t>(grid_.Cols()), -1);
   }
-  QHeaderView* header = view_->horizontalHeader();
+  text_widths_.Update(grid_);
+  std::vector<std::pair<int, int>> changed;
   for (int col = 0; col < grid_.Cols(); ++col) {
-    const int twips = grid_.ColWidth(col);
+    const int wanted = WantedWidth(col);
     int& shown = shown_widths_[static_cast<size_t>(col)];
-    if (twips == shown && !(twips < 0 && col < grid_.FixedCols())) continue;
-    shown = twips;
-    if (twips >= 0) {
-      header->resizeSection(col, twips / kTwipsPerPixel);
-    } else if (col < grid_.FixedCols()) {
-      // Label columns without a width of their own fit their captions.
-      view_->resizeColumnToContents(col);
-    } else {
-      header->resizeSection(col, header->defaultSectionSize());
-    }
+    if (wanted == shown) continue;
+    shown = wanted;
+    changed.emplace_back(col, wanted);
   }
+  view_->ResizeColumns(changed);
 }
 
 void GridBinder::MirrorCursor() {
@@ -56,6 +70,16 @@ void GridBinder::OnCurrentChanged(const QModelIndex& current) {
   if (Mirroring() || !current.isValid()) return;
   grid_.UserSelectCell(current.row(), current.column());
   RefreshNow();
+}
+
+bool GridBinder::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == view_ && (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)) {
+    // Every text takes another width in the new font.
+    text_widths_.Forget();
+    shown_widths_.clear();
+    ScheduleRefresh();
+  }
+  return ControlBinder::eventFilter(watched, event);
 }
 
 }  // namespace zrsimprp

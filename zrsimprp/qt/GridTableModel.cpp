@@ -53,7 +53,11 @@ QVariant GridTableModel::data(const QModelIndex& index, int role) const {
     case Qt::BackgroundRole:
       return PaletteColors::Background(grid_.CellBackColor(row, col), palette);
     case Qt::ForegroundRole:
-      return PaletteColors::Foreground(grid_.CellBackColor(row, col), palette);
+      // A disabled grid's text is greyed like any other disabled control's.
+      return PaletteColors::Foreground(grid_.CellBackColor(row, col), palette,
+                                       grid_.Enabled() ? QPalette::Active : QPalette::Disabled);
+    case kFixedCellRole:
+      return grid_.IsFixedCell(row, col);
     case Qt::TextAlignmentRole:
       return static_cast<int>(AlignmentOf(grid_.CellAlignmentAt(row, col), grid_.TextMatrix(row, col)));
     default:

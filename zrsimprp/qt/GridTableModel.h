@@ -15,6 +15,9 @@ class GridTableModel : public QAbstractTableModel {
   Q_OBJECT
 
  public:
+  // True for a fixed (header) cell: the view never paints it as selected.
+  static constexpr int kFixedCellRole = Qt::UserRole + 1;
+
   // `palette_source` is the widget whose palette resolves the grid's system colours.
   GridTableModel(Grid& grid, QWidget* palette_source, QObject* parent);
 

@@ -59,10 +59,9 @@ QComboBox* PageView::MakeComboBox(ComboBox& model, const QString& name, QWidget*
   return combo;
 }
 
-GridView* PageView::MakeGrid(Grid& model, const QString& name, int visible_rows, QWidget* parent) {
+GridView* PageView::MakeGrid(Grid& model, const QString& name, QWidget* parent) {
   auto* view = new GridView(parent);
   view->setAccessibleName(name);
-  view->SetVisibleRows(visible_rows);
   new GridBinder(model, view);
   Chain(view);
   return view;
@@ -122,9 +121,11 @@ QHBoxLayout* PageView::FillRow(std::initializer_list<QWidget*> widgets, int inde
   if (indent > 0) row->addSpacing(indent);
   bool first = true;
   for (QWidget* widget : widgets) {
-    row->addWidget(widget, first ? 1 : 0, first ? Qt::Alignment() : Qt::AlignTop);
+    row->addWidget(widget, first ? 1 : 0, Qt::AlignTop);
     first = false;
   }
+  // Whatever the grid's columns do not need stays empty at the end of the row.
+  row->addStretch(0);
   return row;
 }
 

@@ -49,7 +49,7 @@ class PageView : public QWidget {
   QLabel* MakeLabel(Label& model, QWidget* parent);
   QLineEdit* MakeTextBox(TextBox& model, const QString& name, QWidget* parent);
   QComboBox* MakeComboBox(ComboBox& model, const QString& name, QWidget* parent);
-  GridView* MakeGrid(Grid& model, const QString& name, int visible_rows, QWidget* parent);
+  GridView* MakeGrid(Grid& model, const QString& name, QWidget* parent);
   QPushButton* MakeButton(Button& model, const QString& name, QWidget* parent);
   QCheckBox* MakeCheckBox(CheckBox& model, QWidget* parent);
   // Option buttons are not chained: the view chains each where it stands in the form.
@@ -63,7 +63,7 @@ class PageView : public QWidget {
 
   // Layout helpers: a row of widgets followed by a stretch, optionally indented under an option.
   static QHBoxLayout* Row(std::initializer_list<QWidget*> widgets, int indent = 0);
-  // A row whose first widget (a grid) takes the spare width.
+  // A row whose first widget (a grid) takes the spare width, up to what its columns need.
   static QHBoxLayout* FillRow(std::initializer_list<QWidget*> widgets, int indent = 0);
   static QVBoxLayout* Column(std::initializer_list<QWidget*> widgets);
   static constexpr int kIndent = 22;

@@ -1,0 +1,232 @@
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QHeaderView>
+#include <QImage>
+#include <QLineEdit>
+#include <QScrollBar>
+#include <QTest>
+#include <QVBoxLayout>
+#include <cstdlib>
+#include <string>
+
+#include "QtTestSupport.h"
+#include "zrsimprp/host/Grid.h"
+#include "zrsimprp/qt/GridBinder.h"
+
+namespace zrsimprp {
+namespace {
+
+using testing::RunEventLoopTurn;
+
+// The width Qt's own delegate asks for to show every text of the column whole.
+int TextNeeds(QAbstractItemView* view, int col) { return view->sizeHintForColumn(col); }
+
+// The style may shade a selection a little; the highlight is still recognisably the palette's.
+bool Near(const QColor& painted, const QColor& expected) {
+  return std::abs(painted.red() - expected.red()) <= 12 &&
+         std::abs(painted.green() - expected.green()) <= 12 &&
+         std::abs(painted.blue() - expected.blue()) <= 12;
+}
+
+// A grid laid out in a form the way the pages lay theirs out: a column of rows with room to spare.
+class GridViewLookTest : public ::testing::Test {
+ protected:
+  GridViewLookTest() : grid(2, 3, 1, 1) {
+    grid.SetTextMatrix(0, 0, "Strata:");
+    grid.SetTextMatrix(0, 1, "North");
+    grid.SetTextMatrix(0, 2, "South");
+    grid.SetTextMatrix(1, 0, "Density:");
+    grid.SetTextMatrix(1, 1, "0");
+    grid.SetTextMatrix(1, 2, "0");
+    grid.SetEditable(true);
+    form.resize(600, 500);
+    auto* layout = new QVBoxLayout(&form);
+    view = new GridView(&form);
+    binder = new GridBinder(grid, view);
+    other = new QLineEdit(&form);
+    layout->addWidget(view);
+    layout->addWidget(other);
+    layout->addStretch(1);
+    form.show();
+    RunEventLoopTurn();
+  }
+
+  void Activate() {
+    form.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
+  }
+  // The colour drawn just inside the top left corner of a cell, clear of its text and grid lines.
+  QColor PaintedBackground(int row, int col) {
+    RunEventLoopTurn();
+    const QImage image = view->viewport()->grab().toImage();
+    const QRect cell = view->visualRect(view->model()->index(row, col));
+    return image.pixelColor(cell.topLeft() + QPoint(2, 2));
+  }
+  QColor Role(QPalette::ColorRole role) const { return view->palette().color(QPalette::Active, role); }
+  int RowHeight() const { return view->rowHeight(0); }
+  void Relayout() {
+    RunEventLoopTurn();
+    form.layout()->activate();
+    RunEventLoopTurn();
+    form.layout()->activate();
+  }
+
+  Grid grid;
+  QWidget form;
+  GridView* view;
+  GridBinder* binder;
+  QLineEdit* other;
+};
+
+TEST_F(GridViewLookTest, CursorCellShowsItsOwnBackgroundWhileTheGridHasNoFocus) {
+  grid.SetRow(1);
+  grid.SetCol(1);
+  Activate();
+  other->setFocus();
+  ASSERT_FALSE(view->hasFocus());
+  EXPECT_EQ(PaintedBackground(1, 1), Role(QPalette::Base));
+}
+
+TEST_F(GridViewLookTest, CursorCellIsHighlightedWhileTheGridHasFocus) {
+  grid.SetRow(1);
+  grid.SetCol(1);
+  Activate();
+  view->setFocus();
+  ASSERT_TRUE(view->hasFocus());
+  EXPECT_TRUE(Near(PaintedBackground(1, 1), Role(QPalette::Highlight)));
+}
+
+TEST_F(GridViewLookTest, FixedCursorCellIsNeverPaintedSelected) {
+  grid.SetRow(0);
+  grid.SetCol(1);
+  RunEventLoopTurn();
+  Activate();
+  view->setFocus();
+  ASSERT_TRUE(view->hasFocus());
+  ASSERT_EQ(view->currentIndex(), view->model()->index(0, 1));
+  // Only a focus frame, drawn after keyboard navigation, may mark it.
+  EXPECT_FALSE(Near(PaintedBackground(0, 1), Role(QPalette::Highlight)));
+  other->setFocus();
+  EXPECT_EQ(PaintedBackground(0, 1), Role(QPalette::Button));
+}
+
+TEST_F(GridViewLookTest, FocusLeavingTheGridTakesTheHighlightAway) {
+  grid.SetRow(1);
+  grid.SetCol(2);
+  Activate();
+  view->setFocus();
+  EXPECT_TRUE(Near(PaintedBackground(1, 2), Role(QPalette::Highlight)));
+  other->setFocus();
+  EXPECT_EQ(PaintedBackground(1, 2), Role(QPalette::Base));
+}
+
+TEST_F(GridViewLookTest, GreyedCursorCellStaysGreyWithoutFocus) {
+  grid.SetCellBackColor(1, 2, 1, 2, Color::System(SystemColorRole::kButtonFace));
+  grid.SetRow(1);
+  grid.SetCol(2);
+  Activate();
+  other->setFocus();
+  EXPECT_EQ(PaintedBackground(1, 2), Role(QPalette::Button));
+  EXPECT_NE(Role(QPalette::Button), Role(QPalette::Base));
+}
+
+TEST_F(GridViewLookTest, ModelWidthIsAMinimumForACaptionThatNeedsMore) {
+  grid.SetTextMatrix(1, 0, "Parameter Value");
+  grid.SetColWidth(0, 1000);
+  RunEventLoopTurn();
+  EXPECT_GE(view->columnWidth(0), TextNeeds(view, 0));
+  EXPECT_GT(view->columnWidth(0), 1000 / GridBinder::kTwipsPerPixel);
+}
+
+TEST_F(GridViewLookTest, ModelWidthWiderThanTheTextIsKept) {
+  grid.SetColWidth(1, 3000);
+  RunEventLoopTurn();
+  EXPECT_EQ(view->columnWidth(1), 3000 / GridBinder::kTwipsPerPixel);
+}
+
+TEST_F(GridViewLookTest, DataColumnWidensForALongHeading) {
+  grid.SetTextMatrix(0, 1, "Study Area of the whole region");
+  RunEventLoopTurn();
+  EXPECT_GE(view->columnWidth(1), TextNeeds(view, 1));
+  // The other data column keeps its ordinary width.
+  EXPECT_EQ(view->columnWidth(2), view->horizontalHeader()->defaultSectionSize());
+}
+
+TEST_F(GridViewLookTest, ColumnsFollowTheirTextsWhenTheyChangeAgain) {
+  grid.SetTextMatrix(1, 0, "A much longer caption than before");
+  RunEventLoopTurn();
+  const int wide = view->columnWidth(0);
+  EXPECT_GE(wide, TextNeeds(view, 0));
+  grid.SetTextMatrix(1, 0, "Short");
+  RunEventLoopTurn();
+  EXPECT_LT(view->columnWidth(0), wide);
+  EXPECT_GE(view->columnWidth(0), TextNeeds(view, 0));
+}
+
+TEST_F(GridViewLookTest, ColumnsOfAThousandStrataAreMeasuredOnceAndThenOnlyWhereTextChanged) {
+  grid.SetCols(1001);
+  for (int stratum = 1; stratum <= 1000; ++stratum) {
+    grid.SetTextMatrix(0, stratum, "Stratum number " + std::to_string(stratum));
+    grid.SetTextMatrix(1, stratum, "0");
+  }
+  RunEventLoopTurn();
+  // The first column kept its texts.
+  EXPECT_EQ(binder->ColumnsMeasured(), 1000);
+  EXPECT_GE(view->columnWidth(1000), TextNeeds(view, 1000));
+  grid.SetTextMatrix(1, 500, "123456789012345678901234567890");
+  RunEventLoopTurn();
+  EXPECT_EQ(binder->ColumnsMeasured(), 1);
+  // A repaint with no text changed measures nothing.
+  grid.SetCellBackColor(1, 3, 1, 3, Color::System(SystemColorRole::kButtonFace));
+  RunEventLoopTurn();
+  EXPECT_EQ(binder->ColumnsMeasured(), 0);
+  EXPECT_GE(view->columnWidth(500), TextNeeds(view, 500));
+}
+
+TEST_F(GridViewLookTest, GrowingTheGridKeepsTheMeasuredWidths) {
+  grid.SetTextMatrix(0, 1, "A long stratum name");
+  RunEventLoopTurn();
+  const int wide = view->columnWidth(1);
+  grid.AddItem("Another\t1\t2");
+  RunEventLoopTurn();
+  EXPECT_EQ(view->columnWidth(1), wide);
+}
+
+TEST_F(GridViewLookTest, SevenRowsShowWithoutScrolling) {
+  grid.SetRows(7);
+  for (int row = 1; row < 7; ++row) grid.SetTextMatrix(row, 0, "row " + std::to_string(row));
+  Relayout();
+  EXPECT_EQ(view->verticalScrollBar()->maximum(), 0);
+  EXPECT_GE(view->viewport()->height(), 7 * RowHeight());
+}
+
+TEST_F(GridViewLookTest, TwoRowsLeaveNoEmptyBandBelowThem) {
+  Relayout();
+  EXPECT_FALSE(view->horizontalScrollBar()->isVisible());
+  EXPECT_EQ(view->viewport()->height(), 2 * RowHeight());
+}
+
+TEST_F(GridViewLookTest, MoreThanTwelveRowsScroll) {
+  grid.SetRows(30);
+  Relayout();
+  EXPECT_EQ(view->viewport()->height(), 12 * RowHeight());
+  EXPECT_GT(view->verticalScrollBar()->maximum(), 0);
+}
+
+TEST_F(GridViewLookTest, HorizontalScrollBarIsAddedToTheHeight) {
+  grid.SetCols(40);
+  Relayout();
+  ASSERT_TRUE(view->horizontalScrollBar()->isVisible());
+  EXPECT_EQ(view->verticalScrollBar()->maximum(), 0);
+  EXPECT_EQ(view->viewport()->height(), 2 * RowHeight());
+}
+
+TEST_F(GridViewLookTest, GridIsNoWiderThanItsColumns) {
+  Relayout();
+  EXPECT_LE(view->viewport()->width(), view->horizontalHeader()->length());
+  EXPECT_FALSE(view->horizontalScrollBar()->isVisible());
+}
+
+}  // namespace
+}  // namespace zrsimprp
