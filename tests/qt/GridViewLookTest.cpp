@@ -228,5 +228,53 @@ TEST_F(GridViewLookTest, GridIsNoWiderThanItsColumns) {
   EXPECT_FALSE(view->horizontalScrollBar()->isVisible());
 }
 
+TEST_F(GridViewLookTest, DarkPaletteGreysFixedAndGreyedCellsAndKeepsTextReadable) {
+  QPalette dark(QColor(53, 53, 53), QColor(53, 53, 53));
+  dark.setColor(QPalette::Base, QColor(35, 35, 35));
+  dark.setColor(QPalette::Text, Qt::white);
+  dark.setColor(QPalette::ButtonText, Qt::white);
+  dark.setColor(QPalette::WindowText, Qt::white);
+  form.setPalette(dark);
+  grid.SetCellBackColor(1, 2, 1, 2, Color::System(SystemColorRole::kButtonFace));
+  grid.SetRow(1);
+  grid.SetCol(2);
+  Activate();
+  other->setFocus();
+  EXPECT_EQ(PaintedBackground(0, 1), QColor(53, 53, 53));
+  EXPECT_EQ(PaintedBackground(1, 0), QColor(53, 53, 53));
+  EXPECT_EQ(PaintedBackground(1, 2), QColor(53, 53, 53));
+  EXPECT_EQ(PaintedBackground(1, 1), QColor(35, 35, 35));
+  // The value "0" is drawn light on the dark cell.
+  const QImage image = view->viewport()->grab().toImage();
+  const QRect cell = view->visualRect(view->model()->index(1, 1));
+  int light_pixels = 0;
+  for (int y = cell.top(); y < cell.bottom(); ++y) {
+    for (int x = cell.left(); x < cell.right(); ++x) light_pixels += image.pixelColor(x, y).lightness() > 150;
+  }
+  EXPECT_GT(light_pixels, 5);
+}
+
+TEST_F(GridViewLookTest, DisabledGridGreysItsText) {
+  grid.SetEnabled(false);
+  RunEventLoopTurn();
+  const QVariant text = view->model()->data(view->model()->index(1, 1), Qt::ForegroundRole);
+  EXPECT_EQ(text.value<QColor>(), view->palette().color(QPalette::Disabled, QPalette::Text));
+  EXPECT_NE(text.value<QColor>(), view->palette().color(QPalette::Active, QPalette::Text));
+}
+
+TEST_F(GridViewLookTest, LargerFontWidensTheColumnsAndRows) {
+  grid.SetTextMatrix(1, 0, "Parameter Value");
+  Relayout();
+  const int narrow = view->columnWidth(0);
+  QFont large = view->font();
+  large.setPointSizeF(large.pointSizeF() * 2);
+  view->setFont(large);
+  Relayout();
+  EXPECT_GT(view->columnWidth(0), narrow);
+  EXPECT_GE(view->columnWidth(0), TextNeeds(view, 0));
+  EXPECT_GE(RowHeight(), QFontMetrics(large).height());
+  EXPECT_EQ(view->viewport()->height(), 2 * RowHeight());
+}
+
 }  // namespace
 }  // namespace zrsimprp
