@@ -10,6 +10,7 @@
 #include "zrsimprp/host/RuntimeError.h"
 #include "zrsimprp/modules/CModGlobal.h"
 #include "zrsimprp/pages/CPagAnalyses/CPagAnalyses.h"
+#include "support/ErrorNumberOf.h"
 
 namespace zrsimprp {
 
@@ -42,16 +43,6 @@ class AnalysesPageTest : public ::testing::Test {
     EXPECT_EQ(platform_.Messages()[0].title, "Pellunar Internal Error");
     EXPECT_EQ(platform_.Messages()[0].icon, MessageIcon::Critical);
     return platform_.Messages()[0].text;
-  }
-
-  template <class Call>
-  static int32_t ErrorNumberOf(Call call) {
-    try {
-      call();
-    } catch (const RuntimeError& error) {
-      return error.number;
-    }
-    return 0;
   }
 
   HeadlessPlatform platform_;

@@ -3,19 +3,10 @@
 #include <vector>
 
 #include "ControlTestFixture.h"
+#include "support/ErrorNumberOf.h"
 
 namespace zrsimprp {
 namespace {
-
-template <class Call>
-int32_t ErrorNumberOf(Call call) {
-  try {
-    call();
-  } catch (const RuntimeError& error) {
-    return error.number;
-  }
-  return 0;
-}
 
 // Records every settings read with its selectors and default, in order.
 class ReadRecordingSettings : public ProjectSettings {

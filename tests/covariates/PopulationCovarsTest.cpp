@@ -9,6 +9,7 @@
 #include "zrsimprp/host/RuntimeError.h"
 #include "zrsimprp/modules/CModErrorHandling.h"
 #include "zrsimprp/pages/CPagPopulationCovars/CPagPopulationCovars.h"
+#include "support/ErrorNumberOf.h"
 
 namespace zrsimprp {
 namespace {
@@ -24,16 +25,6 @@ const std::string kNoDistributionMessage =
     "No parameter distribution has been specified.  Please select a distribution.";
 const std::string kSigmaMessage =
     "The value provided for sigma should be greater than 0.  Please ammend this value.";
-
-template <class Body>
-int ErrorNumberOf(Body&& body) {
-  try {
-    body();
-  } catch (const RuntimeError& error) {
-    return error.number;
-  }
-  return 0;
-}
 
 class CovariatesPage : public ::testing::Test {
  protected:

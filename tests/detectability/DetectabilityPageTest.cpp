@@ -7,6 +7,7 @@
 #include "zrsimprp/host/RuntimeError.h"
 #include "zrsimprp/modules/CModErrorHandling.h"
 #include "zrsimprp/pages/CPagDetectability/CPagDetectability.h"
+#include "support/ErrorNumberOf.h"
 
 namespace zrsimprp {
 namespace {
@@ -24,15 +25,6 @@ class DetectabilityPage : public ::testing::Test {
     page.UpdateStrataInfo(3, {"North", "Middle", "South"});
     page.SetParamByStratum("True");
   }
-  int32_t ErrorNumberOf(const std::function<void()>& body) {
-    try {
-      body();
-    } catch (const RuntimeError& error) {
-      return error.number;
-    }
-    return 0;
-  }
-
   HeadlessPlatform platform;
   CPagDetectability page{platform};
 };

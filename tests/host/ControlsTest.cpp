@@ -16,19 +16,10 @@
 #include "zrsimprp/host/TabControl.h"
 #include "zrsimprp/host/TabStrip.h"
 #include "zrsimprp/host/TextBox.h"
+#include "support/ErrorNumberOf.h"
 
 namespace zrsimprp {
 namespace {
-
-template <class Call>
-int32_t ErrorNumberOf(Call call) {
-  try {
-    call();
-  } catch (const RuntimeError& error) {
-    return error.number;
-  }
-  return 0;
-}
 
 TEST(CheckBox, SettingTheValueRunsTheClickHandlerOnlyOnChange) {
   CheckBox box("Add Hotspots");

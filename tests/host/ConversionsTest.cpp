@@ -7,18 +7,10 @@
 
 #include "zrsimprp/host/Conversions.h"
 #include "zrsimprp/host/RuntimeError.h"
+#include "support/ErrorNumberOf.h"
 
 namespace zrsimprp {
 namespace {
-
-int32_t ErrorNumberOf(void (*call)()) {
-  try {
-    call();
-  } catch (const RuntimeError& error) {
-    return error.number;
-  }
-  return 0;
-}
 
 TEST(Conversions, NumericTestAcceptsTheTextsOfTheNumericForm) {
   for (const char* text : {" 7 ", "1e3", ".5", "-3", "4.", "+2", "1E-1", "0", "\t12\t", "3.25e+2", "-0.0"}) {

@@ -7,6 +7,7 @@
 #include "zrsimprp/host/RuntimeError.h"
 #include "zrsimprp/modules/CModErrorHandling.h"
 #include "zrsimprp/pages/CPagPopulationDescription/CPagPopulationDescription.h"
+#include "support/ErrorNumberOf.h"
 
 namespace zrsimprp {
 namespace {
@@ -14,16 +15,6 @@ namespace {
 const std::string kUnexpected =
     "An unexpected error occured while checking the options on this page.   Please check they are valid and "
     "change any incorrect values";
-
-template <class Body>
-int ErrorNumberOf(Body&& body) {
-  try {
-    body();
-  } catch (const RuntimeError& error) {
-    return error.number;
-  }
-  return 0;
-}
 
 class PopulationPage : public ::testing::Test {
  protected:
