@@ -34,12 +34,8 @@ CPagAnalysesView::CPagAnalysesView(CPagAnalyses& page, QWidget* parent) : PageVi
   NameAfter(type_caption, type);
   inside->addLayout(Row({type_caption, type}));
   GridView* models = MakeGrid(page.flxModels, QStringLiteral("Analyses"), frame);
-  auto* buttons = new QWidget(frame);
-  QPushButton* add = MakeButton(page.cmdAddModel, QStringLiteral("Add analysis"), buttons);
-  QPushButton* remove = MakeButton(page.cmdSubModel, QStringLiteral("Remove analysis"), buttons);
-  auto* button_column = Column({add, remove});
-  button_column->setContentsMargins(0, 0, 0, 0);
-  buttons->setLayout(button_column);
+  QWidget* buttons = MakeAddRemoveButtons(page.cmdAddModel, QStringLiteral("Add analysis"), page.cmdSubModel,
+                                          QStringLiteral("Remove analysis"), frame);
   inside->addLayout(FillRow({models, buttons}));
   QLabel* criteria_caption = MakeLabel(page.labCriteria, frame);
   QComboBox* criteria = MakeComboBox(page.cboCriteria, QString(), frame);

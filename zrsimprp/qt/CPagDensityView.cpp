@@ -47,12 +47,8 @@ CPagDensityView::CPagDensityView(CPagDensity& page, QWidget* parent) : PageView(
 
   Body()->addWidget(MakeCheckBox(page.chkHotspots, this));
   GridView* hotspots = MakeGrid(page.flxHotspots, AccessibleText::FromCaption("Hotspots"), this);
-  auto* buttons = new QWidget(this);
-  QPushButton* add = MakeButton(page.cmdAddHotspot, QStringLiteral("Add hotspot"), buttons);
-  QPushButton* remove = MakeButton(page.cmdSubHotspot, QStringLiteral("Remove hotspot"), buttons);
-  auto* button_column = Column({add, remove});
-  button_column->setContentsMargins(0, 0, 0, 0);
-  buttons->setLayout(button_column);
+  QWidget* buttons = MakeAddRemoveButtons(page.cmdAddHotspot, QStringLiteral("Add hotspot"),
+                                          page.cmdSubHotspot, QStringLiteral("Remove hotspot"), this);
   Body()->addLayout(FillRow({hotspots, buttons}, kIndent));
   Finish();
 }

@@ -35,12 +35,8 @@ CPagPopulationCovarsView::CPagPopulationCovarsView(CPagPopulationCovars& page, Q
   NameAfter(categorical_caption, categorical_name);
   Body()->addLayout(Row({categorical_caption, categorical_name}, kIndent));
   GridView* levels = MakeGrid(page.flxCategoricalCov, QStringLiteral("Categorical covariate levels"), this);
-  auto* buttons = new QWidget(this);
-  QPushButton* add = MakeButton(page.cmdAddCovValue, QStringLiteral("Add level"), buttons);
-  QPushButton* remove = MakeButton(page.cmdSubCovValue, QStringLiteral("Remove level"), buttons);
-  auto* button_column = Column({add, remove});
-  button_column->setContentsMargins(0, 0, 0, 0);
-  buttons->setLayout(button_column);
+  QWidget* buttons = MakeAddRemoveButtons(page.cmdAddCovValue, QStringLiteral("Add level"),
+                                          page.cmdSubCovValue, QStringLiteral("Remove level"), this);
   Body()->addLayout(FillRow({levels, buttons}, kIndent));
   Finish();
 }

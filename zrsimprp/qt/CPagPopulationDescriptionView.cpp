@@ -43,12 +43,8 @@ CPagPopulationDescriptionView::CPagPopulationDescriptionView(CPagPopulationDescr
   Chain(laws[0]);
   inside->addWidget(laws[0]);
   GridView* pmf = MakeGrid(page.flxClusterSize, law_name(0), frame);
-  auto* buttons = new QWidget(frame);
-  QPushButton* add = MakeButton(page.cmdAddSize, QStringLiteral("Add cluster size"), buttons);
-  QPushButton* remove = MakeButton(page.cmdSubSize, QStringLiteral("Remove cluster size"), buttons);
-  auto* button_column = Column({add, remove});
-  button_column->setContentsMargins(0, 0, 0, 0);
-  buttons->setLayout(button_column);
+  QWidget* buttons = MakeAddRemoveButtons(page.cmdAddSize, QStringLiteral("Add cluster size"),
+                                          page.cmdSubSize, QStringLiteral("Remove cluster size"), frame);
   inside->addLayout(FillRow({pmf, buttons}, kIndent));
   Body()->addWidget(frame);
   Finish();

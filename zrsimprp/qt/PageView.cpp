@@ -103,6 +103,15 @@ QChartView* PageView::MakeChart(Chart& model, const QString& name, QWidget* pare
   return view;
 }
 
+QWidget* PageView::MakeAddRemoveButtons(Button& add, const QString& add_name, Button& remove,
+                                        const QString& remove_name, QWidget* parent) {
+  auto* buttons = new QWidget(parent);
+  auto* column = Column({MakeButton(add, add_name, buttons), MakeButton(remove, remove_name, buttons)});
+  column->setContentsMargins(0, 0, 0, 0);
+  buttons->setLayout(column);
+  return buttons;
+}
+
 void PageView::NameAfter(QLabel* caption, QWidget* field) {
   caption->setBuddy(field);
   field->setAccessibleName(caption->accessibleName());

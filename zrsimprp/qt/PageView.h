@@ -56,6 +56,9 @@ class PageView : public QWidget {
   std::vector<QRadioButton*> MakeOptions(OptionGroup& model, QWidget* parent);
   QGroupBox* MakeFrame(Frame& model, QWidget* parent);
   QChartView* MakeChart(Chart& model, const QString& name, QWidget* parent);
+  // The "+" and "-" buttons that stand in a column beside a grid.
+  QWidget* MakeAddRemoveButtons(Button& add, const QString& add_name, Button& remove,
+                                const QString& remove_name, QWidget* parent);
 
   // A caption and the field it names: the caption names the field for screen readers and its
   // mnemonic focuses it.
