@@ -492,22 +492,23 @@ void GeoPackageProject::SetEngineDefault(const std::string& engine, const std::s
   });
 }
 
+GeoPackageProject::LayerInfo GeoPackageProject::LayerInfo::FromRow(SqliteStatement& row) {
+  LayerInfo info;
+  info.name = row.RequireText(0, "the name of a layer");
+  info.kind = row.RequireInt32(1, "the kind of the layer '" + info.name + "'");
+  info.parent = row.RequireText(2, "the parent of the layer '" + info.name + "'");
+  info.id_field = row.RequireText(3, "the identifier field of the layer '" + info.name + "'");
+  info.label_field = row.RequireText(4, "the label field of the layer '" + info.name + "'");
+  info.table_name = row.RequireText(5, "the table of the layer '" + info.name + "'");
+  return info;
+}
+
 std::vector<GeoPackageProject::LayerInfo> GeoPackageProject::Layers() {
   return SourcedCall(kSource, [&]() {
-    SqliteStatement rows = connection_->Prepare(
-        std::string("SELECT name, kind, parent, id_field, label_field, table_name FROM ") +
-        ProjectSchema::kLayersTable + " ORDER BY fid");
+    SqliteStatement rows = connection_->Prepare(std::string("SELECT ") + LayerInfo::kColumns + " FROM " +
+                                                ProjectSchema::kLayersTable + " ORDER BY fid");
     std::vector<LayerInfo> layers;
-    while (rows.Step()) {
-      LayerInfo info;
-      info.name = rows.RequireText(0, "the name of a layer");
-      info.kind = rows.RequireInt32(1, "the kind of the layer '" + info.name + "'");
-      info.parent = rows.RequireText(2, "the parent of the layer '" + info.name + "'");
-      info.id_field = rows.RequireText(3, "the identifier field of the layer '" + info.name + "'");
-      info.label_field = rows.RequireText(4, "the label field of the layer '" + info.name + "'");
-      info.table_name = rows.RequireText(5, "the table of the layer '" + info.name + "'");
-      layers.push_back(std::move(info));
-    }
+    while (rows.Step()) layers.push_back(LayerInfo::FromRow(rows));
     return layers;
   });
 }

@@ -11,6 +11,7 @@
 namespace zrsimprp {
 
 class SqliteConnection;
+class SqliteStatement;
 
 // A project file: a GeoPackage whose polygon feature tables are the map layers and whose attribute
 // tables hold the surveys, designs, data filters, model definitions, simulations, settings and engine
@@ -32,6 +33,10 @@ class GeoPackageProject : public ProjectDatabase, public std::enable_shared_from
     std::string id_field;
     std::string label_field;  // "" for none
     std::string table_name;
+
+    // The columns of the project's layer table that FromRow reads, in its order.
+    static constexpr const char* kColumns = "name, kind, parent, id_field, label_field, table_name";
+    static LayerInfo FromRow(SqliteStatement& row);
   };
   struct DesignInfo {
     int32_t id = 0;

@@ -63,18 +63,12 @@ ProjectLayer::ProjectLayer(std::shared_ptr<GeoPackageProject> project, GeoPackag
 std::shared_ptr<ProjectLayer> ProjectLayer::Load(const std::shared_ptr<GeoPackageProject>& project,
                                                  const std::string& name) {
   SqliteConnection& connection = project->Connection();
-  SqliteStatement row = connection.Prepare(std::string("SELECT name, kind, parent, id_field, label_field, "
-                                                       "table_name FROM ") +
-                                           ProjectSchema::kLayersTable + " WHERE name = ?1 COLLATE NOCASE");
+  SqliteStatement row =
+      connection.Prepare(std::string("SELECT ") + GeoPackageProject::LayerInfo::kColumns + " FROM " +
+                         ProjectSchema::kLayersTable + " WHERE name = ?1 COLLATE NOCASE");
   row.Bind(1, name);
   if (!row.Step()) LayerError("The project has no layer named '" + name + "'.");
-  GeoPackageProject::LayerInfo info;
-  info.name = row.RequireText(0, "the name of a layer");
-  info.kind = row.RequireInt32(1, "the kind of the layer '" + info.name + "'");
-  info.parent = row.RequireText(2, "the parent of the layer '" + info.name + "'");
-  info.id_field = row.RequireText(3, "the identifier field of the layer '" + info.name + "'");
-  info.label_field = row.RequireText(4, "the label field of the layer '" + info.name + "'");
-  info.table_name = row.RequireText(5, "the table of the layer '" + info.name + "'");
+  GeoPackageProject::LayerInfo info = GeoPackageProject::LayerInfo::FromRow(row);
   if (!connection.TableExists(info.table_name)) {
     LayerError("The layer '" + info.name + "' refers to the table '" + info.table_name +
                "', which the project file does not hold.");
