@@ -271,7 +271,7 @@ void CPagSimulation::FillRegionLayers(double design_id) {
   }
 
   cboRegionLayer.AddItem(layer_name);
-  // A project whose parent links loop back would otherwise keep this walk going for ever.
+  // Guard: a project whose parent links loop back would otherwise keep this walk going for ever.
   std::set<std::string> seen{ToLowerAscii(layer_name)};
   std::string current = layer_name;
   while (true) {
