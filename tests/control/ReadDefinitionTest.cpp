@@ -215,9 +215,10 @@ TEST_F(ReadDefinition, ADetFuncParamShortOfStrataKeepsTheValuesGivenAndEndsReadi
   EXPECT_EQ(control->pagDetectability.Param(1), "5,6,0");
   EXPECT_EQ(control->pagSimulation.Reps(), "1");
   ASSERT_EQ(platform_.Messages().size(), 1u) << AllMessages();
-  EXPECT_EQ(platform_.Messages()[0].text,
-            CModErrorHandling::InternalErrorText("ZrSIMPrp", "SIM", "ReadDefinition",
-                                                 RuntimeError(9, "CPagDetectability", "Subscript out of range")));
+  EXPECT_EQ(
+      platform_.Messages()[0].text,
+      CModErrorHandling::InternalErrorText("ZrSIMPrp", "SIM", "ReadDefinition",
+                                           RuntimeError(9, "CPagDetectability", "Subscript out of range")));
 }
 
 TEST_F(ReadDefinition, AnalysisEntriesReachTheAnalysesPage) {

@@ -367,8 +367,9 @@ TEST_F(TabEventErrors, AnErrorWhileInitializeRestoresTheTabReachesTheHostAsIniti
   EXPECT_EQ(control.tapSimulationDefinition.CurrentTab(), 0);
   // The only report is the layer click's own; the tab change added none.
   ASSERT_EQ(platform_.Messages().size(), 1u) << AllMessages();
-  EXPECT_NE(platform_.Messages()[0].text.find("(Error raised from: ZrSIMPrp.PagSimulation.cboRegionLayer_Click)"),
-            std::string::npos)
+  EXPECT_NE(
+      platform_.Messages()[0].text.find("(Error raised from: ZrSIMPrp.PagSimulation.cboRegionLayer_Click)"),
+      std::string::npos)
       << AllMessages();
 }
 

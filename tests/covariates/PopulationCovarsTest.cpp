@@ -4,12 +4,12 @@
 #include <string>
 #include <vector>
 
+#include "support/ErrorNumberOf.h"
 #include "zrsimprp/host/Conversions.h"
 #include "zrsimprp/host/HeadlessPlatform.h"
 #include "zrsimprp/host/RuntimeError.h"
 #include "zrsimprp/modules/CModErrorHandling.h"
 #include "zrsimprp/pages/CPagPopulationCovars/CPagPopulationCovars.h"
-#include "support/ErrorNumberOf.h"
 
 namespace zrsimprp {
 namespace {

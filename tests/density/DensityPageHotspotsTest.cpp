@@ -1,6 +1,6 @@
 #include "DensityPageTest.h"
-#include "zrsimprp/host/RuntimeError.h"
 #include "support/ErrorNumberOf.h"
+#include "zrsimprp/host/RuntimeError.h"
 
 namespace zrsimprp {
 namespace {

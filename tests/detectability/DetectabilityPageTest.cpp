@@ -3,11 +3,11 @@
 #include <string>
 #include <vector>
 
+#include "support/ErrorNumberOf.h"
 #include "zrsimprp/host/HeadlessPlatform.h"
 #include "zrsimprp/host/RuntimeError.h"
 #include "zrsimprp/modules/CModErrorHandling.h"
 #include "zrsimprp/pages/CPagDetectability/CPagDetectability.h"
-#include "support/ErrorNumberOf.h"
 
 namespace zrsimprp {
 namespace {
@@ -444,9 +444,10 @@ TEST_F(DetectabilityPage, PreviewButtonGuardReportsAStepPastTheLastColumnInstead
   ASSERT_EQ(platform.Messages().size(), 1u);
   EXPECT_EQ(platform.Messages()[0].title, "Pellunar Internal Error");
   EXPECT_EQ(platform.Messages()[0].icon, MessageIcon::Critical);
-  EXPECT_NE(platform.Messages()[0].text.find("(Error raised from: ZrSIMPrp.PagDetectability.cmdDetFunc_Click)\r\n"
-                                             "(Error source: Grid)\r\n(Error number: 381)"),
-            std::string::npos)
+  EXPECT_NE(
+      platform.Messages()[0].text.find("(Error raised from: ZrSIMPrp.PagDetectability.cmdDetFunc_Click)\r\n"
+                                       "(Error source: Grid)\r\n(Error number: 381)"),
+      std::string::npos)
       << platform.Messages()[0].text;
 }
 

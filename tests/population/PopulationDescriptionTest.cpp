@@ -3,11 +3,11 @@
 #include <string>
 #include <vector>
 
+#include "support/ErrorNumberOf.h"
 #include "zrsimprp/host/HeadlessPlatform.h"
 #include "zrsimprp/host/RuntimeError.h"
 #include "zrsimprp/modules/CModErrorHandling.h"
 #include "zrsimprp/pages/CPagPopulationDescription/CPagPopulationDescription.h"
-#include "support/ErrorNumberOf.h"
 
 namespace zrsimprp {
 namespace {

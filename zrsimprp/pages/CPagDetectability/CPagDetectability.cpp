@@ -32,7 +32,6 @@ const std::string& PartAt(const std::vector<std::string>& parts, int index) {
 // A level list says "none" with one empty element; a list without element 0 is the subscript error.
 bool HasLevels(const std::vector<std::string>& levels) { return !PartAt(levels, 0).empty(); }
 
-
 }  // namespace
 
 CPagDetectability::CPagDetectability(Platform& platform) : platform_(platform) {

@@ -168,7 +168,8 @@ std::string CPagSimulation::RepetitionsFailure() {
   const std::string& text = txtReps.Text();
   if (IsNumeric(text)) {
     const int16_t repetitions = ToInt16(text);
-    if (ToDouble(text) != static_cast<double>(repetitions)) return "The number of repetitions must be an integer.";
+    if (ToDouble(text) != static_cast<double>(repetitions))
+      return "The number of repetitions must be an integer.";
     if (repetitions >= 1) return "";
     return "The number of repetitions must be greater than 0.";
   }
