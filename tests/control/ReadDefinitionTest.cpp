@@ -1,6 +1,7 @@
 #include <string>
 
 #include "ControlTestFixture.h"
+#include "zrsimprp/modules/CModErrorHandling.h"
 
 namespace zrsimprp {
 namespace {
@@ -184,9 +185,40 @@ TEST_F(ReadDefinition, MalformedTextIsReportedWithTheCodecAsSource) {
 TEST_F(ReadDefinition, AFailingPagePropertyEndsReading) {
   // Four population sizes do not fit the three strata columns.
   auto control = Open("StrataLayer=Strata;\r\nPopSize=\"Fixed N\" /Values=1,2,3,4;\r\nReps=8;");
+  // The three values that fit are written before the fourth finds no column.
+  EXPECT_EQ(control->pagPopulation.PopSizeValues(), "1,2,3");
   EXPECT_EQ(control->pagSimulation.Reps(), "1");
   ASSERT_EQ(platform_.Messages().size(), 1u) << AllMessages();
   EXPECT_NE(platform_.Messages()[0].text.find(kRaisedFromRead), std::string::npos);
+}
+
+TEST_F(ReadDefinition, AHotspotWithTwoValuesKeepsThemAndEndsReadingWithOneReport) {
+  auto control = Open("Hotspot=\"\" /X,Y,Sig,Amp=1,2;\r\nReps=8;");
+  ASSERT_EQ(control->pagDensity.NumHotspots(), 1);
+  const Grid& hotspots = control->pagDensity.flxHotspots;
+  EXPECT_EQ(hotspots.TextMatrix(1, 0), "1");
+  EXPECT_EQ(hotspots.TextMatrix(1, 1), "2");
+  EXPECT_EQ(hotspots.TextMatrix(1, 2), "");
+  EXPECT_EQ(hotspots.TextMatrix(1, 3), "");
+  EXPECT_EQ(control->pagSimulation.Reps(), "1");
+  ASSERT_EQ(platform_.Messages().size(), 1u) << AllMessages();
+  EXPECT_EQ(platform_.Messages()[0].title, "Pellunar Internal Error");
+  EXPECT_EQ(platform_.Messages()[0].text,
+            CModErrorHandling::InternalErrorText("ZrSIMPrp", "SIM", "ReadDefinition",
+                                                 RuntimeError(9, "PagDensity", "Subscript out of range")));
+}
+
+TEST_F(ReadDefinition, ADetFuncParamShortOfStrataKeepsTheValuesGivenAndEndsReadingWithOneReport) {
+  auto control = Open(
+      "StrataLayer=Strata;\r\nDetectability=Half-Normal /ParamByStratum=True;\r\n"
+      "DetFuncParam=\"\" /Scale=5,6;\r\nReps=8;");
+  EXPECT_EQ(control->pagDetectability.Param(1), "5,6,0");
+  EXPECT_EQ(control->pagSimulation.Reps(), "1");
+  ASSERT_EQ(platform_.Messages().size(), 1u) << AllMessages();
+  EXPECT_EQ(
+      platform_.Messages()[0].text,
+      CModErrorHandling::InternalErrorText("ZrSIMPrp", "SIM", "ReadDefinition",
+                                           RuntimeError(9, "CPagDetectability", "Subscript out of range")));
 }
 
 TEST_F(ReadDefinition, AnalysisEntriesReachTheAnalysesPage) {

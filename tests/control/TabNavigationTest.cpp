@@ -309,45 +309,85 @@ TEST(TabNavigationErrors, IsValidReportsAnErrorAndReturnsFalse) {
 namespace zrsimprp {
 namespace {
 
-using TabNavigationTraps = ControlTest;
+using TabEventErrors = ControlTest;
 
-TEST_F(TabNavigationTraps, AnErrorWhileLeavingATabIsReportedAndRefusesTheChange) {
+// The raised error, or a test failure when `call` raises none.
+template <class Call>
+RuntimeError ErrorOf(Call&& call) {
+  try {
+    call();
+  } catch (const RuntimeError& error) {
+    return error;
+  }
+  ADD_FAILURE() << "no error raised";
+  return RuntimeError(0, "", "");
+}
+
+TEST_F(TabEventErrors, AnErrorWhileLeavingATabReachesWhoeverChangedTheTab) {
   // p = 1 passes the page's check, but the mean cluster size then divides by zero.
   auto control = Open(
       "Transects=Survey /ObjectID=1;\r\nStrataLayer=Strata;\r\nReps=10;\r\n"
       "Density=Uniform /Densities=1,2,3 /GridSpace=10;\r\n"
       "Clusters=True /Distribution=Negative-Binomial /param=2,1;");
   ASSERT_TRUE(control->tapSimulationDefinition.UserSelectTab(2));
-  EXPECT_FALSE(control->tapSimulationDefinition.UserSelectTab(3));
+  const RuntimeError error = ErrorOf([&] { control->tapSimulationDefinition.UserSelectTab(3); });
+  EXPECT_EQ(error.number, 11);
   EXPECT_EQ(control->tapSimulationDefinition.CurrentTab(), 2);
-  ASSERT_EQ(platform_.Messages().size(), 1u) << AllMessages();
-  EXPECT_EQ(platform_.Messages()[0].title, "Pellunar Internal Error");
-  EXPECT_NE(platform_.Messages()[0].text.find(
-                "(Error raised from: ZrSIMPrp.SIM.tapSimulationDefinition_BeforeTabChange)\r\n"
-                "(Error source: ZrSIMPrp)\r\n(Error number: 11)"),
-            std::string::npos)
-      << AllMessages();
+  EXPECT_TRUE(platform_.Messages().empty()) << AllMessages();
 }
 
-TEST_F(TabNavigationTraps, AFailingSettingsWriteAfterAChangeIsReported) {
+TEST_F(TabEventErrors, AFailingSettingsWriteAfterAChangeReachesWhoeverChangedTheTab) {
   auto control = Open(
       "Transects=Survey /ObjectID=1;\r\nStrataLayer=Strata;\r\nReps=10;\r\n"
       "Density=Uniform /Densities=1,2,3 /GridSpace=10;\r\n");
   database_->FailOn("WriteSetting");
-  EXPECT_TRUE(control->tapSimulationDefinition.UserSelectTab(4));
-  ASSERT_EQ(platform_.Messages().size(), 1u) << AllMessages();
-  EXPECT_NE(platform_.Messages()[0].text.find(
-                "(Error raised from: ZrSIMPrp.SIM.tapSimulationDefinition_AfterTabChange)"),
-            std::string::npos);
+  EXPECT_EQ(ErrorOf([&] { control->tapSimulationDefinition.UserSelectTab(4); }).source, "ProjectSettings");
+  // The change itself had happened when the write failed.
+  EXPECT_EQ(control->tapSimulationDefinition.CurrentTab(), 4);
   database_->ClearFailures();
   ASSERT_TRUE(control->tapSimulationDefinition.UserSelectTab(2));
   database_->FailOn("WriteSetting");
-  platform_.ClearMessages();
-  EXPECT_TRUE(control->tabsPopulationDescription.UserClickTab(2));
+  EXPECT_EQ(ErrorOf([&] { control->tabsPopulationDescription.UserClickTab(2); }).source, "ProjectSettings");
+  EXPECT_EQ(control->tabsPopulationDescription.SelectedKey(), "Covariates");
+  EXPECT_TRUE(control->pagCovariates.Visible());
+  EXPECT_TRUE(platform_.Messages().empty()) << AllMessages();
+}
+
+TEST_F(TabEventErrors, AnErrorWhileInitializeRestoresTheTabReachesTheHostAsInitializesFailure) {
+  // The stratum layer's features cannot be fetched: the layer click reports it and leaves three strata
+  // without names, which the hand-over on leaving the Simulation tab then fails on.
+  database_->FailOn("FeatureByID");
+  database_->SetSetting("SIMProperties", "CurrentTab", Variant(int16_t{1}));
+  SIMProperties control(platform_);
+  control.SetProjectDatabase(database_);
+  control.SetDefinition("Reps=10;");
+  const RuntimeError error = ErrorOf([&] { control.Initialize(); });
+  EXPECT_EQ(error.number, 9);
+  EXPECT_EQ(error.source, "PagDensity");
+  EXPECT_EQ(control.tapSimulationDefinition.CurrentTab(), 0);
+  // The only report is the layer click's own; the tab change added none.
   ASSERT_EQ(platform_.Messages().size(), 1u) << AllMessages();
   EXPECT_NE(
-      platform_.Messages()[0].text.find("(Error raised from: ZrSIMPrp.SIM.tabsPopulationDescription_Click)"),
-      std::string::npos);
+      platform_.Messages()[0].text.find("(Error raised from: ZrSIMPrp.PagSimulation.cboRegionLayer_Click)"),
+      std::string::npos)
+      << AllMessages();
+}
+
+TEST(TabEventErrorsWithoutAFixture, AFailingValidationBoxWhileRestoringTheTabFailsInitialize) {
+  CModGlobal::Clear();
+  FailingBoxPlatform platform;
+  auto database = MakeSampleProject();
+  database->SetSetting("SIMProperties", "CurrentTab", Variant(int16_t{4}));
+  SIMProperties control(platform);
+  control.SetProjectDatabase(database);
+  control.SetDefinition("Reps=0;");
+  platform.fail_next_ = true;
+  const RuntimeError error = ErrorOf([&] { control.Initialize(); });
+  EXPECT_EQ(error.number, 5);
+  EXPECT_EQ(error.source, "Platform");
+  EXPECT_EQ(control.tapSimulationDefinition.CurrentTab(), 0);
+  EXPECT_TRUE(platform.Messages().empty());
+  CModGlobal::Clear();
 }
 
 }  // namespace

@@ -4,12 +4,12 @@
 #include <string>
 #include <vector>
 
+#include "support/ErrorNumberOf.h"
 #include "zrsimprp/host/Conversions.h"
 #include "zrsimprp/host/HeadlessPlatform.h"
 #include "zrsimprp/host/RuntimeError.h"
 #include "zrsimprp/modules/CModErrorHandling.h"
 #include "zrsimprp/pages/CPagPopulationCovars/CPagPopulationCovars.h"
-#include "support/ErrorNumberOf.h"
 
 namespace zrsimprp {
 namespace {
@@ -254,12 +254,16 @@ TEST_F(CovariatesPage, CategoricalProbsWithOnePartWriteOnlyTheFirstColumn) {
   EXPECT_EQ(page.CategoricalValues(1), "1,0.6");
 }
 
-TEST_F(CovariatesPage, CategoricalProbsBeyondTheLastLevelRaiseTheGridError) {
+TEST_F(CovariatesPage, CategoricalProbsBeyondTheLastLevelWriteThoseThatFitThenRaiseTheGridError) {
   page.SetCategoricalLevels("a");
   EXPECT_EQ(ErrorNumberOf([&] { page.SetCategoricalProbs("0.5,0.5"); }), 381);
+  EXPECT_EQ(page.flxCategoricalCov.Cols(), 2);
+  EXPECT_EQ(page.CategoricalValues(1), "0.5");
 }
 
-TEST_F(CovariatesPage, CategoricalValuesOfAMissingRowRaiseTheGridError) {
+TEST_F(CovariatesPage, CategoricalValuesOfAMissingRowRaiseTheGridErrorAtTheFirstCell) {
+  // With no level column no cell is read, so nothing fails.
+  EXPECT_EQ(page.CategoricalValues(2), "");
   page.SetCategoricalLevels("a");
   EXPECT_EQ(ErrorNumberOf([&] { page.CategoricalValues(2); }), 381);
   EXPECT_EQ(ErrorNumberOf([&] { page.CategoricalValues(-1); }), 381);
@@ -276,6 +280,9 @@ TEST_F(CovariatesPage, ContinuousParamsBeyondSigmaRaiseTheGridError) {
   page.SetContinuousCovariate(true);
   page.SetContinuousDist("Normal");
   EXPECT_EQ(ErrorNumberOf([&] { page.SetContinuousParams("1,2,3"); }), 381);
+  // Mu and sigma are written before the third part finds no column.
+  EXPECT_EQ(page.flxContinuousCov.Cols(), 3);
+  EXPECT_EQ(page.ContinuousParams(), "1,2");
 }
 
 TEST_F(CovariatesPage, ContinuousParamsWithoutADistributionRaiseTheGridError) {

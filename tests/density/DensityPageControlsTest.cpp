@@ -1,4 +1,5 @@
 #include "DensityPageTest.h"
+#include "support/ErrorNumberOf.h"
 #include "zrsimprp/host/RuntimeError.h"
 
 namespace zrsimprp {
@@ -216,16 +217,54 @@ TEST_F(DensityPage, NoStrataLeavesOnlyTheLabelColumnAndNoDensities) {
   EXPECT_EQ(page_.Densities(), "");
 }
 
-TEST_F(DensityPage, FewerStrataNamesThanTheCountRaiseWithoutChangingTheGrid) {
+TEST_F(DensityPage, FewerStrataNamesThanTheCountFailAtTheFirstMissingNameAfterTheGridIsResized) {
   page_.Initialize();
+  page_.SetDescription("Simple");
   page_.UpdateFlxConstantDensity(2, {"A", "B"});
+  page_.SetDensities("5,6");
+  page_.flxConstantDensity.SetCellBackColor(1, 1, 1, 2, page_.flxConstantDensity.BackColor());
   try {
-    page_.UpdateFlxConstantDensity(3, {"A"});
+    page_.UpdateFlxConstantDensity(4, {"P", "Q"});
     FAIL() << "no error raised";
   } catch (const RuntimeError& error) {
     EXPECT_EQ(error.number, 9);
+    EXPECT_EQ(error.description, "Subscript out of range");
   }
-  EXPECT_EQ(page_.flxConstantDensity.Cols(), 3);
+  // The new columns exist, the names before the missing one are written with their zeros, and the
+  // greying that follows the names never ran.
+  ASSERT_EQ(page_.flxConstantDensity.Cols(), 5);
+  EXPECT_EQ(page_.flxConstantDensity.TextMatrix(0, 0), "Strata:");
+  EXPECT_EQ(page_.flxConstantDensity.TextMatrix(0, 1), "P");
+  EXPECT_EQ(page_.flxConstantDensity.TextMatrix(0, 2), "Q");
+  EXPECT_EQ(page_.flxConstantDensity.TextMatrix(0, 3), "");
+  EXPECT_EQ(page_.flxConstantDensity.TextMatrix(0, 4), "");
+  EXPECT_EQ(page_.Densities(), "5,6,,");
+  EXPECT_EQ(page_.flxConstantDensity.CellBackColor(1, 1), page_.flxConstantDensity.BackColor());
+}
+
+TEST_F(DensityPage, AStrataHandOverWithNoNamesAtAllFailsAtTheFirstColumn) {
+  page_.Initialize();
+  EXPECT_EQ(ErrorNumberOf([&] { page_.UpdateFlxConstantDensity(2, {}); }), 9);
+  ASSERT_EQ(page_.flxConstantDensity.Cols(), 3);
+  EXPECT_EQ(page_.flxConstantDensity.TextMatrix(1, 0), "Density:");
+  EXPECT_EQ(page_.flxConstantDensity.TextMatrix(0, 1), "");
+}
+
+TEST_F(DensityPage, ANegativeStrataCountIsRefusedByTheGrid) {
+  page_.Initialize();
+  // One below zero leaves no column for the labels; further below, the grid refuses the count.
+  EXPECT_EQ(ErrorNumberOf([&] { page_.UpdateFlxConstantDensity(-1, {}); }), 381);
+  EXPECT_EQ(page_.flxConstantDensity.Cols(), 0);
+  page_.UpdateFlxConstantDensity(1, {"A"});
+  EXPECT_EQ(ErrorNumberOf([&] { page_.UpdateFlxConstantDensity(-2, {}); }), 380);
+  EXPECT_EQ(page_.flxConstantDensity.Cols(), 2);
+  EXPECT_EQ(page_.flxConstantDensity.TextMatrix(0, 1), "A");
+}
+
+TEST_F(DensityPage, AStrataCountWithNoRoomForTheLabelColumnOverflows) {
+  page_.Initialize();
+  EXPECT_EQ(ErrorNumberOf([&] { page_.UpdateFlxConstantDensity(2147483647, {"A"}); }), 6);
+  EXPECT_EQ(page_.flxConstantDensity.Cols(), 2);
 }
 
 TEST_F(DensityPage, DensitiesRoundTripThroughTheStrataGrid) {

@@ -1,4 +1,5 @@
 #include "DensityPageTest.h"
+#include "support/ErrorNumberOf.h"
 #include "zrsimprp/host/RuntimeError.h"
 
 namespace zrsimprp {
@@ -77,7 +78,7 @@ TEST_F(DensityHotspots, HotspotValuesBeyondFourPartsUseTheFirstFour) {
   EXPECT_EQ(page_.HotspotValues(1), "1,2,3,4");
 }
 
-TEST_F(DensityHotspots, HotspotValuesWithFewerThanFourPartsRaiseToTheCaller) {
+TEST_F(DensityHotspots, HotspotValuesWithFewerThanFourPartsWriteThePartsGivenThenRaise) {
   page_.Initialize();
   page_.AddHotspot();
   page_.SetHotspotValues(1, "1,2,3,4");
@@ -86,9 +87,18 @@ TEST_F(DensityHotspots, HotspotValuesWithFewerThanFourPartsRaiseToTheCaller) {
     FAIL() << "no error raised";
   } catch (const RuntimeError& error) {
     EXPECT_EQ(error.number, 9);
+    EXPECT_EQ(error.description, "Subscript out of range");
   }
+  // The three parts are written before the missing fourth one is reached.
+  EXPECT_EQ(page_.HotspotValues(1), "7,8,9,4");
+}
+
+TEST_F(DensityHotspots, HotspotValuesOfEmptyTextRaiseBeforeAnyCellChanges) {
+  page_.Initialize();
+  page_.AddHotspot();
+  page_.SetHotspotValues(1, "1,2,3,4");
+  EXPECT_EQ(ErrorNumberOf([&] { page_.SetHotspotValues(1, ""); }), 9);
   EXPECT_EQ(page_.HotspotValues(1), "1,2,3,4");
-  EXPECT_THROW(page_.SetHotspotValues(1, ""), RuntimeError);
 }
 
 TEST_F(DensityHotspots, HotspotValuesOfAMissingRowRaise) {

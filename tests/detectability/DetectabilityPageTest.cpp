@@ -3,11 +3,11 @@
 #include <string>
 #include <vector>
 
+#include "support/ErrorNumberOf.h"
 #include "zrsimprp/host/HeadlessPlatform.h"
 #include "zrsimprp/host/RuntimeError.h"
 #include "zrsimprp/modules/CModErrorHandling.h"
 #include "zrsimprp/pages/CPagDetectability/CPagDetectability.h"
-#include "support/ErrorNumberOf.h"
 
 namespace zrsimprp {
 namespace {
@@ -152,16 +152,25 @@ TEST_F(DetectabilityPage, ParamIgnoresPartsBeyondTheLastColumn) {
   EXPECT_EQ(page.Param(1), "1,2,3");
 }
 
-TEST_F(DetectabilityPage, ParamWithTooFewPartsRaisesSubscriptErrorAndKeepsTheRow) {
+TEST_F(DetectabilityPage, ParamWithTooFewPartsWritesThePartsGivenThenRaisesSubscriptError) {
   StratifyThree();
   page.SetParam(1, "1,2,3");
-  EXPECT_EQ(ErrorNumberOf([&] { page.SetParam(1, "7,8"); }), 9);
-  EXPECT_EQ(page.Param(1), "1,2,3");
+  try {
+    page.SetParam(1, "5,6");
+    FAIL() << "no error raised";
+  } catch (const RuntimeError& error) {
+    EXPECT_EQ(error.number, 9);
+    EXPECT_EQ(error.description, "Subscript out of range");
+  }
+  // "5" and "6" are written before the third part is found missing.
+  EXPECT_EQ(page.Param(1), "5,6,3");
 }
 
-TEST_F(DetectabilityPage, ParamOfEmptyTextRaisesSubscriptError) {
+TEST_F(DetectabilityPage, ParamOfEmptyTextRaisesSubscriptErrorBeforeAnyCellChanges) {
+  StratifyThree();
+  page.SetParam(1, "1,2,3");
   EXPECT_EQ(ErrorNumberOf([&] { page.SetParam(1, ""); }), 9);
-  EXPECT_EQ(page.Param(1), "0");
+  EXPECT_EQ(page.Param(1), "1,2,3");
 }
 
 TEST_F(DetectabilityPage, ParamOutsideTheTableRaisesGridIndexError) {
@@ -193,9 +202,52 @@ TEST_F(DetectabilityPage, StrataInfoWhileUnstratifiedOnlyStoresTheStrata) {
   EXPECT_EQ(Cell(0, 1), "Study Area");
 }
 
-TEST_F(DetectabilityPage, StrataInfoWithTooFewNamesRaisesSubscriptError) {
+TEST_F(DetectabilityPage, StrataInfoWithTooFewNamesFailsAtTheFirstMissingNameAfterTheColumnsAreMade) {
+  page.SetDetFunction("Hazard Rate");
+  page.UpdateFlxDetect(true, 2, "", 0, {""});
+  page.SetParam(1, "7");
   page.SetParamByStratum("True");
-  EXPECT_EQ(ErrorNumberOf([&] { page.UpdateStrataInfo(3, {"North"}); }), 9);
+  try {
+    page.UpdateStrataInfo(4, {"North", "Middle"});
+    FAIL() << "no error raised";
+  } catch (const RuntimeError& error) {
+    EXPECT_EQ(error.number, 9);
+    EXPECT_EQ(error.description, "Subscript out of range");
+  }
+  // Every new column is made, centred and painted; the names before the missing one are written with
+  // zeros in their empty editable cells, and the columns from the missing name on stay empty.
+  ASSERT_EQ(page.flxDetect.Cols(), 5);
+  EXPECT_EQ(Cell(0, 1), "North");
+  EXPECT_EQ(Cell(0, 2), "Middle");
+  EXPECT_EQ(Cell(0, 3), "");
+  EXPECT_EQ(page.Param(1), "7,0,,");
+  EXPECT_EQ(page.Param(2), "0,0,,");
+  EXPECT_EQ(page.Param(3), "0,0,,");
+  for (int col = 1; col <= 4; ++col) {
+    for (int row = 1; row <= 3; ++row) EXPECT_TRUE(IsNormal(row, col)) << row << "," << col;
+    EXPECT_EQ(page.flxDetect.CellAlignmentAt(0, col), CellAlignment::kCenterCenter);
+  }
+}
+
+TEST_F(DetectabilityPage, StratifyingWithAStrataCountThatLeavesNoRoomForTheLabelColumnOverflows) {
+  page.UpdateStrataInfo(2147483647, {"North"});
+  EXPECT_EQ(ErrorNumberOf([&] { page.SetParamByStratum("True"); }), 6);
+  EXPECT_EQ(page.flxDetect.Cols(), 2);
+}
+
+TEST_F(DetectabilityPage, CovariateRowsWithALevelListLackingElementZeroFailAfterTheEarlierRows) {
+  page.UpdateFlxDetect(false, 0, "", 0, {"a", "b"});
+  EXPECT_EQ(ErrorNumberOf([&] { page.UpdateFlxDetect(true, 2, "wind", 1, {}); }), 9);
+  // The cluster and continuous rows were settled before the levels were looked at; the level rows
+  // and the stored levels are as they were.
+  ASSERT_EQ(page.NumParams(), 6);
+  EXPECT_EQ(page.ParamName(3), "cluster size");
+  EXPECT_EQ(page.ParamName(4), "wind");
+  EXPECT_EQ(page.ParamName(5), "a");
+  EXPECT_EQ(page.ParamName(6), "b");
+  page.UpdateFlxDetect(true, 2, "wind", 1, {"b"});
+  EXPECT_EQ(page.NumParams(), 5);
+  EXPECT_EQ(page.ParamName(5), "b");
 }
 
 TEST_F(DetectabilityPage, ClusterSizeRowIsInsertedOnceAtRowThree) {
@@ -381,15 +433,22 @@ TEST_F(DetectabilityPage, PreviewButtonStepsThroughTheStrataAndStartsAgain) {
   EXPECT_TRUE(platform.Messages().empty());
 }
 
-TEST_F(DetectabilityPage, PreviewButtonWithoutTheStratumColumnReportsAnInternalError) {
+TEST_F(DetectabilityPage, PreviewButtonGuardReportsAStepPastTheLastColumnInsteadOfRaising) {
   page.UpdateStrataInfo(3, {"North", "Middle", "South"});
   page.Initialize();
   page.cmdDetFunc.SetEnabled(true);
   ASSERT_TRUE(page.cmdDetFunc.UserClick());
   EXPECT_EQ(page.labStrata.Caption(), "Study Area");
-  ASSERT_TRUE(page.cmdDetFunc.UserClick());
+  // The table has one value column, but the strata send the second press to column 2.
+  EXPECT_NO_THROW(page.cmdDetFunc.UserClick());
   ASSERT_EQ(platform.Messages().size(), 1u);
   EXPECT_EQ(platform.Messages()[0].title, "Pellunar Internal Error");
+  EXPECT_EQ(platform.Messages()[0].icon, MessageIcon::Critical);
+  EXPECT_NE(
+      platform.Messages()[0].text.find("(Error raised from: ZrSIMPrp.PagDetectability.cmdDetFunc_Click)\r\n"
+                                       "(Error source: Grid)\r\n(Error number: 381)"),
+      std::string::npos)
+      << platform.Messages()[0].text;
 }
 
 TEST_F(DetectabilityPage, EditGuardRefusesAGreyedCell) {

@@ -3,11 +3,11 @@
 #include <string>
 #include <vector>
 
+#include "support/ErrorNumberOf.h"
 #include "zrsimprp/host/HeadlessPlatform.h"
 #include "zrsimprp/host/RuntimeError.h"
 #include "zrsimprp/modules/CModErrorHandling.h"
 #include "zrsimprp/pages/CPagPopulationDescription/CPagPopulationDescription.h"
-#include "support/ErrorNumberOf.h"
 
 namespace zrsimprp {
 namespace {
@@ -248,13 +248,43 @@ TEST_F(PopulationPage, UpdateFlxNWithNoStrataLeavesTheLabelColumnOnly) {
   EXPECT_EQ(page.flxN.TextMatrix(1, 0), "N:");
 }
 
-TEST_F(PopulationPage, UpdateFlxNRefusesANegativeCountOrTooFewNamesWithoutChangingTheTable) {
+TEST_F(PopulationPage, UpdateFlxNWithTooFewNamesFailsAtTheFirstMissingNameAfterTheTableIsResized) {
+  page.SetPopulationSize("Fixed D");
   UseStrata({"A", "B"});
   page.SetPopSizeValues("1,2");
-  EXPECT_EQ(ErrorNumberOf([&] { page.UpdateFlxN(-1, {}); }), 5);
-  EXPECT_EQ(ErrorNumberOf([&] { page.UpdateFlxN(3, {"A", "B"}); }), 9);
-  EXPECT_EQ(page.flxN.Cols(), 3);
-  EXPECT_EQ(page.PopSizeValues(), "1,2");
+  try {
+    page.UpdateFlxN(4, {"P", "Q"});
+    FAIL() << "no error raised";
+  } catch (const RuntimeError& error) {
+    EXPECT_EQ(error.number, 9);
+    EXPECT_EQ(error.description, "Subscript out of range");
+  }
+  // The new columns exist and the names before the missing one are written, with "N:" as the label;
+  // the third column got neither name nor zero, and the centring that follows the names never ran.
+  ASSERT_EQ(page.flxN.Cols(), 5);
+  EXPECT_EQ(page.flxN.TextMatrix(1, 0), "N:");
+  EXPECT_EQ(page.flxN.TextMatrix(0, 1), "P");
+  EXPECT_EQ(page.flxN.TextMatrix(0, 2), "Q");
+  EXPECT_EQ(page.flxN.TextMatrix(0, 3), "");
+  EXPECT_EQ(page.PopSizeValues(), "1,2,,");
+  EXPECT_EQ(page.flxN.CellAlignmentAt(1, 4), CellAlignment::kGeneral);
+}
+
+TEST_F(PopulationPage, UpdateFlxNWithANegativeCountIsRefusedByTheGrid) {
+  UseStrata({"A", "B"});
+  // One below zero leaves no column for the label; further below, the grid refuses the count.
+  EXPECT_EQ(ErrorNumberOf([&] { page.UpdateFlxN(-1, {}); }), 381);
+  EXPECT_EQ(page.flxN.Cols(), 0);
+  UseStrata({"A"});
+  EXPECT_EQ(ErrorNumberOf([&] { page.UpdateFlxN(-2, {}); }), 380);
+  EXPECT_EQ(page.flxN.Cols(), 2);
+  EXPECT_EQ(page.flxN.TextMatrix(0, 1), "A");
+}
+
+TEST_F(PopulationPage, UpdateFlxNWithACountThatLeavesNoRoomForTheLabelColumnOverflows) {
+  UseStrata({"A"});
+  EXPECT_EQ(ErrorNumberOf([&] { page.UpdateFlxN(2147483647, {"A"}); }), 6);
+  EXPECT_EQ(page.flxN.Cols(), 2);
 }
 
 TEST_F(PopulationPage, PoissonNDisablesAndGreysTheTableButKeepsItsLabel) {
@@ -303,9 +333,11 @@ TEST_F(PopulationPage, PopSizeValuesWithFewerPiecesLeaveTheOtherCells) {
   EXPECT_EQ(page.PopSizeValues(), "9,5,6");
 }
 
-TEST_F(PopulationPage, PopSizeValuesWithMorePiecesThanStrataRaiseAnError) {
-  UseStrata({"A"});
-  EXPECT_EQ(ErrorNumberOf([&] { page.SetPopSizeValues("1,2"); }), 381);
+TEST_F(PopulationPage, PopSizeValuesWithMorePiecesThanStrataWriteThoseThatFitThenRaise) {
+  UseStrata({"A", "B"});
+  EXPECT_EQ(ErrorNumberOf([&] { page.SetPopSizeValues("1,2,3"); }), 381);
+  EXPECT_EQ(page.flxN.Cols(), 3);
+  EXPECT_EQ(page.PopSizeValues(), "1,2");
 }
 
 // ---------------------------------------------------------------------------------------------
@@ -567,7 +599,10 @@ TEST_F(PopulationPage, PmfProbabilitiesAreNotNormalisedForTheMean) {
 TEST_F(PopulationPage, ClusterPMFSizeWithEmptyTextAddsAColumnThenFails) {
   page.SetClusteredPop("True");
   EXPECT_EQ(ErrorNumberOf([&] { page.SetClusterPMFSize(""); }), 9);
-  EXPECT_EQ(page.flxClusterSize.Cols(), 2);
+  ASSERT_EQ(page.flxClusterSize.Cols(), 2);
+  EXPECT_EQ(page.ClusterPMF(0), "");
+  EXPECT_EQ(page.flxClusterSize.CellBackColor(0, 1), page.flxClusterSize.BackColor());
+  EXPECT_TRUE(page.cmdSubSize.Enabled());
 }
 
 TEST_F(PopulationPage, ClusterPMFOfAnEmptyTableFails) {
@@ -575,10 +610,12 @@ TEST_F(PopulationPage, ClusterPMFOfAnEmptyTableFails) {
   EXPECT_EQ(ErrorNumberOf([&] { page.ClusterPMF(2); }), 381);
 }
 
-TEST_F(PopulationPage, ClusterPMFProbBeyondTheSizesFails) {
+TEST_F(PopulationPage, ClusterPMFProbBeyondTheSizesWritesThoseThatFitThenFails) {
   page.SetClusteredPop("True");
   page.SetClusterPMFSize("1,2");
   EXPECT_EQ(ErrorNumberOf([&] { page.SetClusterPMFProb("0.2,0.3,0.5"); }), 381);
+  EXPECT_EQ(page.flxClusterSize.Cols(), 3);
+  EXPECT_EQ(page.ClusterPMF(1), "0.2,0.3");
 }
 
 TEST_F(PopulationPage, ClusterPMFProbWithOnePieceWritesOnlyTheFirstColumn) {
@@ -758,9 +795,13 @@ TEST_F(PopulationPage, ClusterDistributionRaises382InDesignMode) {
 TEST_F(PopulationPage, ClusterParamsNeedsTheDistributionFirst) {
   page.SetClusteredPop("True");
   EXPECT_EQ(ErrorNumberOf([&] { page.SetClusterParams("3"); }), 381);
+  EXPECT_EQ(page.flxClusterParam.Cols(), 1);
   page.SetClusterDistribution("Poisson");
+  // Lambda is written before the second piece finds no column.
   EXPECT_EQ(ErrorNumberOf([&] { page.SetClusterParams("3,4"); }), 381);
+  EXPECT_EQ(page.ClusterParams(), "3");
   EXPECT_EQ(ErrorNumberOf([&] { page.SetClusterParams(""); }), 9);
+  EXPECT_EQ(page.ClusterParams(), "3");
 }
 
 // ---------------------------------------------------------------------------------------------

@@ -173,9 +173,10 @@ TEST_F(BadDefinitionTest, HotspotWithFewerThanFourValuesEndsReadingWithASubscrip
   const LoadOutcome outcome = Load(std::string("Reps=3;") + Hotspots(1, "1,2") + "Reps=4;");
   const std::string report = SingleReport(outcome, "ReadDefinition");
   EXPECT_EQ(Description(report), "Subscript out of range");
-  // The row was added before its values were refused; the rest of the text was not read.
+  // The row was added and the two values written before the third was found missing; the rest of the
+  // text was not read.
   EXPECT_EQ(control_->pagDensity.NumHotspots(), 1);
-  EXPECT_EQ(EntryOf(outcome.definition, "Hotspot").field_values[0], ",,,");
+  EXPECT_EQ(EntryOf(outcome.definition, "Hotspot").field_values[0], "1,2,,");
   EXPECT_EQ(EntryOf(outcome.definition, "Reps").value, "3");
 }
 
@@ -227,6 +228,7 @@ TEST_F(BadDefinitionTest, DetFuncParamWithTooFewStratumValuesEndsReadingWithASub
       Load("StrataLayer=Strata;Detectability=Half-Normal /ParamByStratum=True;DetFuncParam=\"\" /Scale=1,2;");
   const std::string report = SingleReport(outcome, "ReadDefinition");
   EXPECT_EQ(Description(report), "Subscript out of range");
+  EXPECT_EQ(control_->pagDetectability.Param(1), "1,2,0");
 }
 
 TEST_F(BadDefinitionTest, ManyRepeatedStrataLayerEntriesHandTheStrataOverEachTime) {

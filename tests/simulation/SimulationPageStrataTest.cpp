@@ -233,7 +233,7 @@ TEST_F(SimulationPageTest, SurveyOfAMissingDesignRaisesToTheCaller) {
   EXPECT_TRUE(LayerList().empty());
 }
 
-TEST_F(SimulationPageTest, ParentLinksThatLoopEndWithAnErrorInsteadOfHanging) {
+TEST_F(SimulationPageTest, LayerLoopGuardEndsParentLinksThatLeadBackWithAnErrorInsteadOfHanging) {
   db_->AddLayer(MakeLayer("A", 0, "B", {Variant(int32_t{1})}, {}, ""));
   db_->AddLayer(MakeLayer("B", 0, "A", {Variant(int32_t{1})}, {}, ""));
   db_->AddDesign(5, "Design A", DesignText("A"));
@@ -242,6 +242,7 @@ TEST_F(SimulationPageTest, ParentLinksThatLoopEndWithAnErrorInsteadOfHanging) {
   page_.Initialize();
   const std::string report = OnlyReport();
   EXPECT_NE(report.find("The parent layers of 'A' lead back to 'A'"), std::string::npos) << report;
+  EXPECT_NE(report.find("(Error number: 5)"), std::string::npos) << report;
   EXPECT_EQ(LayerList(), (Strings{"A", "B"}));
 }
 

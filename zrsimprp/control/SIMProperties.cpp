@@ -35,30 +35,11 @@ SIMProperties::SIMProperties(Platform& platform)
       pagAnalyses(platform),
       pagMisc(platform),
       platform_(platform) {
-  // The tab events come from a person's clicks as often as from code, so an error in them is
-  // reported here rather than let loose in the host's event loop. A change that failed is refused.
-  tapSimulationDefinition.SetBeforeChangeHandler([this](int& new_index) {
-    RunTrapped([&] { BeforeTabChange(new_index); },
-               [&](const RuntimeError& error) {
-                 new_index = -1;
-                 CModErrorHandling::ReportInternalError(platform_, kModule,
-                                                        "tapSimulationDefinition_BeforeTabChange", error);
-               });
-  });
-  tapSimulationDefinition.SetAfterChangeHandler([this](int new_index) {
-    RunTrapped([&] { AfterTabChange(new_index); },
-               [&](const RuntimeError& error) {
-                 CModErrorHandling::ReportInternalError(platform_, kModule,
-                                                        "tapSimulationDefinition_AfterTabChange", error);
-               });
-  });
-  tabsPopulationDescription.SetClickHandler([this](const std::string& key) {
-    RunTrapped([&] { SelectInnerTab(key); },
-               [&](const RuntimeError& error) {
-                 CModErrorHandling::ReportInternalError(platform_, kModule, "tabsPopulationDescription_Click",
-                                                        error);
-               });
-  });
+  // The tab events set no trap of their own: an error in them belongs to whoever changed the tab,
+  // Initialize's caller when the remembered tab is restored, the view's event boundary on a click.
+  tapSimulationDefinition.SetBeforeChangeHandler([this](int& new_index) { BeforeTabChange(new_index); });
+  tapSimulationDefinition.SetAfterChangeHandler([this](int new_index) { AfterTabChange(new_index); });
+  tabsPopulationDescription.SetClickHandler([this](const std::string& key) { SelectInnerTab(key); });
   // The strip opens on "General", so its page is the one shown on the Population tab.
   pagCovariates.SetVisible(false);
 }

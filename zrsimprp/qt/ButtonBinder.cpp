@@ -1,6 +1,7 @@
 #include "zrsimprp/qt/ButtonBinder.h"
 
 #include "zrsimprp/qt/AccessibleText.h"
+#include "zrsimprp/qt/EventBoundary.h"
 
 namespace zrsimprp {
 
@@ -24,7 +25,7 @@ void ButtonBinder::Mirror() {
 
 void ButtonBinder::OnClicked() {
   if (Mirroring()) return;
-  button_.UserClick();
+  EventBoundary::Run(this, "Button_Click", [this] { button_.UserClick(); });
   RefreshNow();
 }
 

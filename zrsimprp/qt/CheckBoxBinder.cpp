@@ -1,6 +1,7 @@
 #include "zrsimprp/qt/CheckBoxBinder.h"
 
 #include "zrsimprp/qt/AccessibleText.h"
+#include "zrsimprp/qt/EventBoundary.h"
 
 namespace zrsimprp {
 
@@ -22,7 +23,7 @@ void CheckBoxBinder::Mirror() {
 
 void CheckBoxBinder::OnClicked() {
   if (Mirroring()) return;
-  check_box_.UserClick();
+  EventBoundary::Run(this, "CheckBox_Click", [this] { check_box_.UserClick(); });
   RefreshNow();
 }
 

@@ -2,6 +2,7 @@
 
 #include <QLineEdit>
 
+#include "zrsimprp/qt/EventBoundary.h"
 #include "zrsimprp/qt/WheelGuard.h"
 
 namespace zrsimprp {
@@ -43,13 +44,13 @@ void ComboBoxBinder::Mirror() {
 
 void ComboBoxBinder::OnActivated(int index) {
   if (Mirroring()) return;
-  combo_.UserSelect(index);
+  EventBoundary::Run(this, "ComboBox_Click", [this, index] { combo_.UserSelect(index); });
   RefreshNow();
 }
 
 void ComboBoxBinder::OnTextEdited(const QString& text) {
   if (Mirroring()) return;
-  combo_.UserType(text.toStdString());
+  EventBoundary::Run(this, "ComboBox_Change", [this, &text] { combo_.UserType(text.toStdString()); });
   RefreshNow();
 }
 

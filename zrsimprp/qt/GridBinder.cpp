@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "zrsimprp/qt/EventBoundary.h"
+
 namespace zrsimprp {
 
 GridBinder::GridBinder(Grid& grid, GridView* view)
@@ -14,7 +16,11 @@ GridBinder::GridBinder(Grid& grid, GridView* view)
       model_(new GridTableModel(grid, view, this)),
       text_widths_([view](const std::string& text) { return view->CellWidthFor(text); }) {
   view->setModel(model_);
-  view->SetCanEdit([this](int row, int col) { return grid_.UserCanEditCell(row, col); });
+  view->SetCanEdit([this](int row, int col) {
+    bool can_edit = false;
+    EventBoundary::Run(this, "Grid_BeforeEdit", [&] { can_edit = grid_.UserCanEditCell(row, col); });
+    return can_edit;
+  });
   connect(view->selectionModel(), &QItemSelectionModel::currentChanged, this,
           [this](const QModelIndex& current, const QModelIndex&) { OnCurrentChanged(current); });
   RefreshNow();
@@ -68,7 +74,8 @@ void GridBinder::MirrorCursor() {
 
 void GridBinder::OnCurrentChanged(const QModelIndex& current) {
   if (Mirroring() || !current.isValid()) return;
-  grid_.UserSelectCell(current.row(), current.column());
+  EventBoundary::Run(this, "Grid_RowColChange",
+                     [this, &current] { grid_.UserSelectCell(current.row(), current.column()); });
   RefreshNow();
 }
 

@@ -3,6 +3,7 @@
 #include <QApplication>
 
 #include "zrsimprp/host/Conversions.h"
+#include "zrsimprp/qt/EventBoundary.h"
 #include "zrsimprp/qt/PaletteColors.h"
 
 namespace zrsimprp {
@@ -78,7 +79,10 @@ Qt::ItemFlags GridTableModel::flags(const QModelIndex& index) const {
 
 bool GridTableModel::setData(const QModelIndex& index, const QVariant& value, int role) {
   if (role != Qt::EditRole || !InGrid(index)) return false;
-  const bool accepted = grid_.UserEditCell(index.row(), index.column(), value.toString().toStdString());
+  bool accepted = false;
+  EventBoundary::Run(this, "Grid_AfterEdit", [&] {
+    accepted = grid_.UserEditCell(index.row(), index.column(), value.toString().toStdString());
+  });
   // Accepted or not, the cell shows what the grid holds now.
   emit dataChanged(index, index);
   return accepted;

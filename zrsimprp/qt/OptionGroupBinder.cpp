@@ -2,6 +2,7 @@
 
 #include "zrsimprp/qt/AccessibleText.h"
 #include "zrsimprp/qt/ControlBinder.h"
+#include "zrsimprp/qt/EventBoundary.h"
 
 namespace zrsimprp {
 
@@ -30,7 +31,7 @@ void OptionGroupBinder::Refresh() {
 
 void OptionGroupBinder::OnClicked(int index) {
   if (Mirroring()) return;
-  group_.UserSelect(index);
+  EventBoundary::Run(this, "OptionButton_Click", [this, index] { group_.UserSelect(index); });
   RefreshNow();
 }
 

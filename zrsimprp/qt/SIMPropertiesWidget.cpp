@@ -13,6 +13,7 @@
 #include "zrsimprp/qt/CPagDetectabilityView.h"
 #include "zrsimprp/qt/CPagMiscView.h"
 #include "zrsimprp/qt/CPagSimulationView.h"
+#include "zrsimprp/qt/EventBoundary.h"
 #include "zrsimprp/qt/ModelBinder.h"
 #include "zrsimprp/qt/PopulationTabView.h"
 #include "zrsimprp/qt/TabControlBinder.h"
@@ -34,6 +35,7 @@ QScrollArea* Scrolling(QWidget* page, QWidget* parent) {
 SIMPropertiesWidget::SIMPropertiesWidget(QWidget* parent)
     : QWidget(parent), control_(std::make_unique<SIMProperties>(platform_)) {
   platform_.SetDialogParent(this);
+  EventBoundary::ReportThrough(this, platform_);
   outer_tabs_ = new QTabBar(this);
   outer_tabs_->setAccessibleName(QStringLiteral("Simulation definition"));
   outer_tabs_->setDrawBase(true);
@@ -96,12 +98,14 @@ SIMProperties& SIMPropertiesWidget::Control() { return *control_; }
 QtPlatform& SIMPropertiesWidget::Platform() { return platform_; }
 
 void SIMPropertiesWidget::ShowOuterTab(int index) {
-  control_->tapSimulationDefinition.UserSelectTab(index);
+  EventBoundary::Run(this, "TabControl_Click",
+                     [this, index] { control_->tapSimulationDefinition.UserSelectTab(index); });
   RefreshNow();
 }
 
 void SIMPropertiesWidget::ShowInnerTab(int index) {
-  control_->tabsPopulationDescription.UserClickTab(index);
+  EventBoundary::Run(this, "TabStrip_Click",
+                     [this, index] { control_->tabsPopulationDescription.UserClickTab(index); });
   RefreshNow();
 }
 

@@ -1,6 +1,7 @@
 #include "zrsimprp/qt/TabControlBinder.h"
 
 #include "zrsimprp/qt/AccessibleText.h"
+#include "zrsimprp/qt/EventBoundary.h"
 
 namespace zrsimprp {
 
@@ -24,7 +25,8 @@ void TabControlBinder::Mirror() {
 
 void TabControlBinder::OnCurrentChanged(int index) {
   if (Mirroring() || index < 0) return;
-  tabs_.UserSelectTab(index);
+  // A refused or failed change leaves the model where it was; the refresh puts the bar back there.
+  EventBoundary::Run(this, "TabControl_Click", [this, index] { tabs_.UserSelectTab(index); });
   RefreshNow();
 }
 

@@ -1,6 +1,7 @@
 #include "zrsimprp/qt/TabStripBinder.h"
 
 #include "zrsimprp/qt/AccessibleText.h"
+#include "zrsimprp/qt/EventBoundary.h"
 
 namespace zrsimprp {
 
@@ -23,7 +24,7 @@ void TabStripBinder::Mirror() {
 
 void TabStripBinder::OnCurrentChanged(int index) {
   if (Mirroring() || index < 0) return;
-  strip_.UserClickTab(index + 1);
+  EventBoundary::Run(this, "TabStrip_Click", [this, index] { strip_.UserClickTab(index + 1); });
   RefreshNow();
 }
 

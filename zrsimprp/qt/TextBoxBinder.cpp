@@ -1,5 +1,7 @@
 #include "zrsimprp/qt/TextBoxBinder.h"
 
+#include "zrsimprp/qt/EventBoundary.h"
+
 namespace zrsimprp {
 
 TextBoxBinder::TextBoxBinder(TextBox& text_box, QLineEdit* edit)
@@ -17,7 +19,7 @@ void TextBoxBinder::Mirror() {
 
 void TextBoxBinder::OnTextEdited(const QString& text) {
   if (Mirroring()) return;
-  text_box_.UserType(text.toStdString());
+  EventBoundary::Run(this, "TextBox_Change", [this, &text] { text_box_.UserType(text.toStdString()); });
   RefreshNow();
 }
 

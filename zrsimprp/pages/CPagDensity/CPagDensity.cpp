@@ -49,6 +49,14 @@ std::size_t NextNonBlank(const std::string& text, std::size_t from) {
   return std::string::npos;
 }
 
+// Element `index` of a list handed in by the caller; a missing one is the subscript error.
+const std::string& PartAt(const std::vector<std::string>& parts, int index) {
+  if (index < 0 || static_cast<std::size_t>(index) >= parts.size()) {
+    throw RuntimeError(error_number::kSubscriptOutOfRange, kModuleName, "Subscript out of range");
+  }
+  return parts[static_cast<std::size_t>(index)];
+}
+
 }  // namespace
 
 CPagDensity::CPagDensity(Platform& platform) : platform_(platform) {
@@ -153,12 +161,8 @@ std::string CPagDensity::HotspotValues(int16_t k) {
 void CPagDensity::SetHotspotValues(int16_t k, const std::string& value) {
   chkHotspots.SetValue(CheckBox::kChecked);
   const std::vector<std::string> parts = Split(value, ',');
-  // Checked before any cell is written, so a short list leaves the row as it was.
-  if (parts.size() < static_cast<std::size_t>(kHotspotParameters)) {
-    throw RuntimeError(error_number::kSubscriptOutOfRange, kModuleName, "Subscript out of range");
-  }
-  for (int c = 0; c < kHotspotParameters; ++c)
-    flxHotspots.SetTextMatrix(k, c, parts[static_cast<std::size_t>(c)]);
+  // Written cell by cell: a short list fails at its first missing part, after the parts before it.
+  for (int c = 0; c < kHotspotParameters; ++c) flxHotspots.SetTextMatrix(k, c, PartAt(parts, c));
 }
 
 bool CPagDensity::IsValid(std::string& validation_string) {
@@ -206,19 +210,15 @@ void CPagDensity::AddHotspot() {
 
 void CPagDensity::UpdateFlxConstantDensity(int32_t strata_count,
                                            const std::vector<std::string>& strata_names) {
-  if (strata_count < 0) {
-    throw RuntimeError(error_number::kInvalidProcedureCall, kModuleName,
-                       "Invalid procedure call or argument");
-  }
-  if (strata_names.size() < static_cast<std::size_t>(strata_count)) {
-    throw RuntimeError(error_number::kSubscriptOutOfRange, kModuleName, "Subscript out of range");
-  }
+  // The grid takes its new shape first; too few names fail at the first missing one, leaving the
+  // columns before it named. A negative count is refused by the grid itself, a count with no room for
+  // the label column overflows.
   flxConstantDensity.SetRows(2);
-  flxConstantDensity.SetCols(strata_count + 1);
+  flxConstantDensity.SetCols(ToInt32(static_cast<double>(strata_count) + 1));
   flxConstantDensity.SetTextMatrix(kStrataLabelRow, 0, "Strata:");
   flxConstantDensity.SetTextMatrix(kDensityRow, 0, "Density:");
   for (int c = kFirstStratumColumn; c <= strata_count; ++c) {
-    flxConstantDensity.SetTextMatrix(kStrataLabelRow, c, strata_names[static_cast<std::size_t>(c - 1)]);
+    flxConstantDensity.SetTextMatrix(kStrataLabelRow, c, PartAt(strata_names, c - 1));
     if (flxConstantDensity.TextMatrix(kDensityRow, c).empty()) {
       flxConstantDensity.SetTextMatrix(kDensityRow, c, "0");
     }

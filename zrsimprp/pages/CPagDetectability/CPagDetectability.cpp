@@ -23,7 +23,14 @@ RuntimeError SubscriptError() {
   return RuntimeError(error_number::kSubscriptOutOfRange, kSource, "Subscript out of range");
 }
 
-bool HasLevels(const std::vector<std::string>& levels) { return !levels.empty() && !levels[0].empty(); }
+// Element `index` of a list handed in by the caller; a missing one is the subscript error.
+const std::string& PartAt(const std::vector<std::string>& parts, int index) {
+  if (index < 0 || static_cast<size_t>(index) >= parts.size()) throw SubscriptError();
+  return parts[static_cast<size_t>(index)];
+}
+
+// A level list says "none" with one empty element; a list without element 0 is the subscript error.
+bool HasLevels(const std::vector<std::string>& levels) { return !PartAt(levels, 0).empty(); }
 
 }  // namespace
 
@@ -96,14 +103,11 @@ std::string CPagDetectability::Param(int32_t index) {
 
 void CPagDetectability::SetParam(int32_t index, const std::string& value) {
   const std::vector<std::string> parts = Split(value, ',');
-  const int last_col = flxDetect.Cols() - 1;
-  // Checked before any cell changes, so that a short list leaves the row as it was.
-  if (parts.empty() || (parts.size() > 1 && parts.size() < static_cast<size_t>(last_col)))
-    throw SubscriptError();
-  flxDetect.SetTextMatrix(index, 1, parts[0]);
+  // Written column by column: a short list fails at its first missing part, after the parts before it.
+  flxDetect.SetTextMatrix(index, 1, PartAt(parts, 0));
   if (parts.size() == 1) return;
-  for (int col = 2; col <= last_col; ++col)
-    flxDetect.SetTextMatrix(index, col, parts[static_cast<size_t>(col - 1)]);
+  const int last_col = flxDetect.Cols() - 1;
+  for (int col = 2; col <= last_col; ++col) flxDetect.SetTextMatrix(index, col, PartAt(parts, col - 1));
 }
 
 std::string CPagDetectability::ParamName(int32_t index) { return flxDetect.TextMatrix(index, 0); }
@@ -194,8 +198,9 @@ void CPagDetectability::OnStratifyClick() {
 }
 
 void CPagDetectability::StratifyColumns() {
-  if (strata_names_.size() < static_cast<size_t>(strata_num_)) throw SubscriptError();
-  flxDetect.SetCols(strata_num_ + 1);
+  // The columns are made and painted first; too few names fail at the first missing one, leaving the
+  // columns before it named and filled. A count with no room for its label column overflows.
+  flxDetect.SetCols(ToInt32(static_cast<double>(strata_num_) + 1));
   const int last_row = flxDetect.Rows() - 1;
   const int last_col = flxDetect.Cols() - 1;
   const Color normal = flxDetect.BackColor();
@@ -211,7 +216,7 @@ void CPagDetectability::StratifyColumns() {
     flxDetect.SetCellBackColor(2, 1, 2, last_col, fixed);
   }
   for (int col = 1; col <= strata_num_; ++col) {
-    flxDetect.SetTextMatrix(0, col, strata_names_[static_cast<size_t>(col - 1)]);
+    flxDetect.SetTextMatrix(0, col, PartAt(strata_names_, col - 1));
     for (int row = 1; row <= last_row; ++row) {
       if (flxDetect.CellBackColor(row, col) == normal && flxDetect.TextMatrix(row, col).empty()) {
         flxDetect.SetTextMatrix(row, col, kZero);
@@ -350,6 +355,7 @@ std::vector<double> CPagDetectability::StratumScale(int32_t column) {
 }
 
 void CPagDetectability::OnDetFuncClick() {
+  // Guard: a press must not take the host down when the stepping reads a heading past the last column.
   RunTrapped(
       [&] {
         DrawDetFunction(current_stratum_);

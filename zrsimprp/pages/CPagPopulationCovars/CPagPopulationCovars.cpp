@@ -19,11 +19,9 @@ constexpr const char* kLogNormal = "Log-Normal";
 
 constexpr const char* kSource = "CPagPopulationCovars";
 
-// Row `row`, columns 1 to last, joined by ",".
+// Row `row`, columns 1 to last, joined by ","; a row outside the grid fails at its first cell, so a
+// table without level columns reads as empty whatever the row.
 std::string JoinDataRow(const Grid& grid, int row) {
-  if (row < 0 || row >= grid.Rows()) {
-    throw RuntimeError(error_number::kInvalidPropertyArrayIndex, "Grid", "Invalid property array index");
-  }
   std::string text;
   for (int c = 1; c < grid.Cols(); ++c) {
     if (c > 1) text += ',';

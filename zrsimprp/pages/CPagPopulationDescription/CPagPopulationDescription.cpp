@@ -33,8 +33,12 @@ std::string JoinRowFromFirstDataCell(const Grid& grid, int row) {
   return text;
 }
 
-RuntimeError MissingPiece() {
-  return RuntimeError(error_number::kSubscriptOutOfRange, kSource, "Subscript out of range");
+// Piece `index` of a list handed in by the caller; a missing one is the subscript error.
+const std::string& PieceAt(const std::vector<std::string>& pieces, int index) {
+  if (index < 0 || static_cast<size_t>(index) >= pieces.size()) {
+    throw RuntimeError(error_number::kSubscriptOutOfRange, kSource, "Subscript out of range");
+  }
+  return pieces[static_cast<size_t>(index)];
 }
 
 }  // namespace
@@ -183,8 +187,7 @@ void CPagPopulationDescription::SetClusterPMFSize(const std::string& value) {
   const std::vector<std::string> pieces = Split(value, ',');
   // The first size always gets its column, so an empty list fails only after adding it.
   OnAddSizeClick();
-  if (pieces.empty()) throw MissingPiece();
-  flxClusterSize.SetTextMatrix(0, 1, pieces[0]);
+  flxClusterSize.SetTextMatrix(0, 1, PieceAt(pieces, 0));
   for (size_t k = 1; k < pieces.size(); ++k) {
     OnAddSizeClick();
     flxClusterSize.SetTextMatrix(0, static_cast<int>(k) + 1, pieces[k]);
@@ -204,8 +207,9 @@ std::string CPagPopulationDescription::ClusterParams() {
 
 void CPagPopulationDescription::SetClusterParams(const std::string& value) {
   const std::vector<std::string> pieces = Split(value, ',');
-  if (pieces.empty()) throw MissingPiece();
-  for (size_t k = 0; k < pieces.size(); ++k) {
+  // Piece 0 is always written, so an empty list fails before any cell changes.
+  flxClusterParam.SetTextMatrix(1, 1, PieceAt(pieces, 0));
+  for (size_t k = 1; k < pieces.size(); ++k) {
     flxClusterParam.SetTextMatrix(1, static_cast<int>(k) + 1, pieces[k]);
   }
 }
@@ -244,18 +248,15 @@ void CPagPopulationDescription::Initialize() {
 
 void CPagPopulationDescription::UpdateFlxN(int32_t strata_count,
                                            const std::vector<std::string>& strata_names) {
-  // Refuse before touching the table, so that a bad hand-over leaves it as it was.
-  if (strata_count < 0) {
-    throw RuntimeError(error_number::kInvalidProcedureCall, kSource, "Invalid procedure call or argument");
-  }
-  if (strata_names.size() < static_cast<size_t>(strata_count)) throw MissingPiece();
-
+  // The table takes its new shape first; too few names fail at the first missing one, leaving the
+  // columns before it named. A negative count is refused by the grid itself, a count with no room for
+  // the label column overflows.
   flxN.SetRows(2);
-  flxN.SetCols(strata_count + 1);
+  flxN.SetCols(ToInt32(static_cast<double>(strata_count) + 1));
   // The label follows the option only when an option is clicked; a new set of strata says "N:".
   flxN.SetTextMatrix(1, 0, "N:");
   for (int i = 1; i <= strata_count; ++i) {
-    flxN.SetTextMatrix(0, i, strata_names[static_cast<size_t>(i) - 1]);
+    flxN.SetTextMatrix(0, i, PieceAt(strata_names, i - 1));
     if (flxN.TextMatrix(1, i).empty()) flxN.SetTextMatrix(1, i, "0");
   }
   if (flxN.Cols() < 2) return;

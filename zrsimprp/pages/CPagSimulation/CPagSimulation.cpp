@@ -168,7 +168,8 @@ std::string CPagSimulation::RepetitionsFailure() {
   const std::string& text = txtReps.Text();
   if (IsNumeric(text)) {
     const int16_t repetitions = ToInt16(text);
-    if (ToDouble(text) != static_cast<double>(repetitions)) return "The number of repetitions must be an integer.";
+    if (ToDouble(text) != static_cast<double>(repetitions))
+      return "The number of repetitions must be an integer.";
     if (repetitions >= 1) return "";
     return "The number of repetitions must be greater than 0.";
   }
@@ -271,7 +272,7 @@ void CPagSimulation::FillRegionLayers(double design_id) {
   }
 
   cboRegionLayer.AddItem(layer_name);
-  // A project whose parent links loop back would otherwise keep this walk going for ever.
+  // Guard: a project whose parent links loop back would otherwise keep this walk going for ever.
   std::set<std::string> seen{ToLowerAscii(layer_name)};
   std::string current = layer_name;
   while (true) {
