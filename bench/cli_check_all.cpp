@@ -27,7 +27,8 @@ const std::string& ProjectWith(int count) {
   auto found = made.find(count);
   if (found != made.end()) return found->second;
   const std::string path =
-      (std::filesystem::temp_directory_path() / ("zrsim-bench-check-all-" + std::to_string(count) + ".gpkg")).string();
+      (std::filesystem::temp_directory_path() / ("zrsim-bench-check-all-" + std::to_string(count) + ".gpkg"))
+          .string();
   std::filesystem::remove(path);
   zrsimprp::SampleProject::Create(path);
   const std::string good = SampleSimulationText(path);
@@ -53,15 +54,17 @@ void BM_CheckAll(benchmark::State& state) {
     std::istringstream in;
     std::ostringstream out;
     std::ostringstream err;
-    int status = zrsim::CommandLine(in, out, err).Run({"check", "--project", path, "--all", "--format", "json"});
+    int status =
+        zrsim::CommandLine(in, out, err).Run({"check", "--project", path, "--all", "--format", "json"});
     if (status != 1) state.SkipWithError("check --all did not find the planted errors");
     bytes = out.str().size();
     benchmark::DoNotOptimize(bytes);
   }
   state.SetComplexityN(count);
   state.counters["simulations"] = count;
-  state.counters["per_simulation"] = benchmark::Counter(
-      static_cast<double>(count), benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
+  state.counters["per_simulation"] =
+      benchmark::Counter(static_cast<double>(count),
+                         benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
   state.counters["json_bytes"] = static_cast<double>(bytes);
 }
 

@@ -13,7 +13,8 @@
 namespace zrsim {
 
 std::string CheckCommand::Usage() {
-  return "Usage: zrsim check --project FILE (--simulation NAME | --definition FILE | --definition - | --all)\n"
+  return "Usage: zrsim check --project FILE (--simulation NAME | --definition FILE | --definition - | "
+         "--all)\n"
          "                   [--format text|json] [--strict]\n"
          "\n"
          "Loads the definition into the control, validates every page as a visit of each tab would,\n"

@@ -13,7 +13,8 @@ namespace zrsim {
 // report as text or JSON; the exit status a CI job can act on (see Usage()).
 class CheckCommand {
  public:
-  CheckCommand(std::ostream& out, std::ostream& err, InputFiles& files) : out_(out), err_(err), files_(files) {}
+  CheckCommand(std::ostream& out, std::ostream& err, InputFiles& files)
+      : out_(out), err_(err), files_(files) {}
 
   int Run(const std::vector<std::string>& words);
 

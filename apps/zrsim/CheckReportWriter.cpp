@@ -42,24 +42,27 @@ void CheckReportWriter::WriteText(std::ostream& out, std::ostream& err) const {
     }
   }
   if (several_) {
-    out << "Checked " << checks_.size() << (checks_.size() == 1 ? " simulation: " : " simulations: ") << failed
-        << " failed, " << warned << " with warnings only, " << (checks_.size() - failed - warned) << " clean.\n";
+    out << "Checked " << checks_.size() << (checks_.size() == 1 ? " simulation: " : " simulations: ")
+        << failed << " failed, " << warned << " with warnings only, " << (checks_.size() - failed - warned)
+        << " clean.\n";
   }
 }
 
-void CheckReportWriter::WriteOneText(std::ostream& out, std::ostream& err, const SimulationCheck& check) const {
+void CheckReportWriter::WriteOneText(std::ostream& out, std::ostream& err,
+                                     const SimulationCheck& check) const {
   for (const std::string& report : check.internal_errors) {
     // The report is written for a message box with CR LF line ends.
     std::string text = report;
-    for (std::size_t at = text.find('\r'); at != std::string::npos; at = text.find('\r', at)) text.erase(at, 1);
+    for (std::size_t at = text.find('\r'); at != std::string::npos; at = text.find('\r', at))
+      text.erase(at, 1);
     err << "Pellunar Internal Error" << (several_ ? " (" + VisibleText(check.name) + ")" : "") << ":\n"
         << VisibleLines(text) << "\n";
   }
   for (const PageVerdict& verdict : check.pages) {
     out << verdict.page << ": "
-        << (verdict.valid ? "OK"
-                          : verdict.message.empty() ? "the check could not be completed (see the error report)"
-                                                    : VisibleText(verdict.message))
+        << (verdict.valid             ? "OK"
+            : verdict.message.empty() ? "the check could not be completed (see the error report)"
+                                      : VisibleText(verdict.message))
         << "\n";
   }
   for (const zrsimprp::Finding& finding : check.findings) out << FindingLine(finding) << "\n";
@@ -85,12 +88,12 @@ void CheckReportWriter::WriteJson(std::ostream& out) const {
 
 void CheckReportWriter::WriteOneJson(std::ostream& out, const SimulationCheck& check) const {
   out << "\n{\"source\":" << JsonString(check.source) << ",\"name\":" << JsonString(check.name)
-      << ",\"is_definition\":" << JsonBool(check.is_definition) << ",\"outcome\":" << JsonString(Outcome(check))
-      << ",\"pages\":[";
+      << ",\"is_definition\":" << JsonBool(check.is_definition)
+      << ",\"outcome\":" << JsonString(Outcome(check)) << ",\"pages\":[";
   for (std::size_t i = 0; i < check.pages.size(); ++i) {
     const PageVerdict& verdict = check.pages[i];
-    out << (i ? "," : "") << "{\"page\":" << JsonString(verdict.page) << ",\"valid\":" << JsonBool(verdict.valid)
-        << ",\"message\":" << JsonString(verdict.message) << "}";
+    out << (i ? "," : "") << "{\"page\":" << JsonString(verdict.page)
+        << ",\"valid\":" << JsonBool(verdict.valid) << ",\"message\":" << JsonString(verdict.message) << "}";
   }
   out << "],\"findings\":[";
   for (std::size_t i = 0; i < check.findings.size(); ++i) {
@@ -102,7 +105,8 @@ void CheckReportWriter::WriteOneJson(std::ostream& out, const SimulationCheck& c
     if (finding.place_kind.empty()) {
       out << "null";
     } else {
-      out << "{\"kind\":" << JsonString(finding.place_kind) << ",\"name\":" << JsonString(finding.place) << "}";
+      out << "{\"kind\":" << JsonString(finding.place_kind) << ",\"name\":" << JsonString(finding.place)
+          << "}";
     }
     out << ",\"suggestion\":" << JsonOrNull(finding.suggestion) << ",\"line\":";
     if (finding.line > 0) {

@@ -33,7 +33,8 @@ std::string JsonString(std::string_view text) {
       default:
         if (static_cast<unsigned char>(c) < 0x20) {
           char escape[8];
-          std::snprintf(escape, sizeof escape, "\\u%04x", static_cast<unsigned>(static_cast<unsigned char>(c)));
+          std::snprintf(escape, sizeof escape, "\\u%04x",
+                        static_cast<unsigned>(static_cast<unsigned char>(c)));
           json += escape;
         } else {
           json += c;

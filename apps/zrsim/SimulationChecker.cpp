@@ -21,7 +21,8 @@ SimulationCheck SimulationChecker::Check(const std::string& definition) {
   session.Load(project_, definition);
   check.pages = PageChecker(session).CheckAll();
   for (const PageVerdict& verdict : check.pages) {
-    if (verdict.cause) check.findings.push_back(zrsimprp::PageCheckCause::Explain(verdict.page, *verdict.cause));
+    if (verdict.cause)
+      check.findings.push_back(zrsimprp::PageCheckCause::Explain(verdict.page, *verdict.cause));
   }
   check.internal_errors = session.TakeInternalErrors();
   return check;

@@ -28,7 +28,8 @@ const char* const kAllPagesOk =
     "Simulation: OK\nDensity: OK\nGeneral: OK\nCovariates: OK\nDetectability: OK\nAnalysis: OK\nMisc: OK\n";
 
 TEST_F(CheckFindings, CleanSimulationIsStatusZeroEvenWhenStrict) {
-  Result result = Run({"check", "--project", SampleProject(), "--simulation", "Sample simulation", "--strict"});
+  Result result =
+      Run({"check", "--project", SampleProject(), "--simulation", "Sample simulation", "--strict"});
   EXPECT_EQ(result.status, 0) << result.err;
   EXPECT_EQ(result.out, kAllPagesOk);
 }
@@ -51,11 +52,12 @@ TEST_F(CheckFindings, DensitiesThePagesAcceptButMeanNothingAreStatusOne) {
   definition.replace(definition.find("Densities=2.5,1.5,3"), 19, "Densities=abc,-1,3");
   Result result = Check(definition);
   EXPECT_EQ(result.status, 1) << result.err;
-  EXPECT_EQ(result.out, std::string(kAllPagesOk) +
-                            "ZR201 error at line 5 (Density /Densities): The density for stratum 'North' is "
-                            "\"abc\", which is not a number.\n"
-                            "ZR202 error at line 5 (Density /Densities): The density for stratum 'Central' is -1; "
-                            "it cannot be negative.\n");
+  EXPECT_EQ(result.out,
+            std::string(kAllPagesOk) +
+                "ZR201 error at line 5 (Density /Densities): The density for stratum 'North' is "
+                "\"abc\", which is not a number.\n"
+                "ZR202 error at line 5 (Density /Densities): The density for stratum 'Central' is -1; "
+                "it cannot be negative.\n");
 }
 
 TEST_F(CheckFindings, GenericPageMessageIsExplained) {
@@ -63,9 +65,10 @@ TEST_F(CheckFindings, GenericPageMessageIsExplained) {
   EXPECT_EQ(result.status, 1);
   EXPECT_NE(result.out.find("Density: An unexpected error occured while checking the options on this page."),
             std::string::npos);
-  EXPECT_NE(result.out.find("ZR501 error: The Density page could not finish its checks because it met a value "
-                            "that is empty or not a number (\"Type mismatch\", error 13 from ZrSIMPrp).\n"),
-            std::string::npos)
+  EXPECT_NE(
+      result.out.find("ZR501 error: The Density page could not finish its checks because it met a value "
+                      "that is empty or not a number (\"Type mismatch\", error 13 from ZrSIMPrp).\n"),
+      std::string::npos)
       << result.out;
 }
 
@@ -88,7 +91,8 @@ TEST_F(CheckFindings, UnknownFormatIsStatusTwo) {
 TEST_F(CheckFindings, TextOutputNeverHoldsACarriageReturn) {
   Result result = Check(SampleDefinition() + "\"Re\r\nps\"=1;");
   EXPECT_EQ(result.out.find('\r'), std::string::npos);
-  EXPECT_NE(result.out.find("The entry \"Re\\r\\nps\" is not read by any page"), std::string::npos) << result.out;
+  EXPECT_NE(result.out.find("The entry \"Re\\r\\nps\" is not read by any page"), std::string::npos)
+      << result.out;
 }
 
 TEST_F(CheckFindings, JsonOutputParsesBackWithPagesAndFindings) {
@@ -168,7 +172,8 @@ TEST_F(CheckFindings, AllChecksEverySimulationAndNamesTheBadOne) {
             std::string::npos)
       << text.out;
   EXPECT_NE(text.out.find("== Copy 7\n" + std::string(kAllPagesOk)), std::string::npos);
-  EXPECT_NE(text.out.find("Checked 14 simulations: 1 failed, 0 with warnings only, 13 clean.\n"), std::string::npos)
+  EXPECT_NE(text.out.find("Checked 14 simulations: 1 failed, 0 with warnings only, 13 clean.\n"),
+            std::string::npos)
       << text.out;
 
   Result json_result = Run({"check", "--project", SampleProject(), "--all", "--format", "json"});
@@ -193,25 +198,33 @@ TEST_F(CheckFindings, AllWithABrokenTextIsStatusTwoAndStillChecksTheOthers) {
   AddSimulation("Broken", "Reps=1; Density");
   Result result = Run({"check", "--project", SampleProject(), "--all"});
   EXPECT_EQ(result.status, 2);
-  EXPECT_NE(result.out.find("== Sample simulation\n" + std::string(kAllPagesOk)), std::string::npos) << result.out;
-  EXPECT_EQ(result.err,
-            "zrsim check: Broken: The text is not a definition from line 1, column 16: \"=\" is missing after the "
-            "key \"Density\".\n");
+  EXPECT_NE(result.out.find("== Sample simulation\n" + std::string(kAllPagesOk)), std::string::npos)
+      << result.out;
+  EXPECT_EQ(
+      result.err,
+      "zrsim check: Broken: The text is not a definition from line 1, column 16: \"=\" is missing after the "
+      "key \"Density\".\n");
 }
 
 TEST_F(CheckFindings, CheckHelpDocumentsFormatsAndEveryExitStatus) {
   Result result = Run({"check", "--help"});
   EXPECT_EQ(result.status, 0);
-  for (const char* text : {"--format text|json", "--all", "--strict", "  0  every page valid", "  1  a page refused",
-                           "  2  a mistake in the arguments", "  3  only warnings, with --strict"}) {
+  for (const char* text :
+       {"--format text|json", "--all", "--strict", "  0  every page valid", "  1  a page refused",
+        "  2  a mistake in the arguments", "  3  only warnings, with --strict"}) {
     EXPECT_NE(result.out.find(text), std::string::npos) << text;
   }
 }
 
 TEST_F(CheckFindings, EveryCommandHasHelp) {
-  for (const std::vector<std::string>& words : std::vector<std::vector<std::string>>{
-           {"--help"}, {"check", "--help"}, {"normalize", "--help"}, {"show", "--help"}, {"project", "--help"},
-           {"project", "list", "--help"}, {"project", "add-simulation", "--help"}}) {
+  for (const std::vector<std::string>& words :
+       std::vector<std::vector<std::string>>{{"--help"},
+                                             {"check", "--help"},
+                                             {"normalize", "--help"},
+                                             {"show", "--help"},
+                                             {"project", "--help"},
+                                             {"project", "list", "--help"},
+                                             {"project", "add-simulation", "--help"}}) {
     Result result = Run(words);
     EXPECT_EQ(result.status, 0) << words.front();
     EXPECT_EQ(result.out.rfind("Usage: zrsim", 0), 0u) << result.out;
@@ -222,8 +235,9 @@ TEST_F(CheckFindings, ProjectListShowsLineBreaksOfDefinitionsVisibly) {
   Result result = Run({"project", "list", SampleProject()});
   EXPECT_EQ(result.status, 0);
   EXPECT_EQ(result.out.find('\r'), std::string::npos);
-  EXPECT_NE(result.out.find("  1 Systematic parallel lines: Engine=DES;\\r\\nType=Parallel /Spacing=500;\\r\\n"),
-            std::string::npos)
+  EXPECT_NE(
+      result.out.find("  1 Systematic parallel lines: Engine=DES;\\r\\nType=Parallel /Spacing=500;\\r\\n"),
+      std::string::npos)
       << result.out;
 }
 

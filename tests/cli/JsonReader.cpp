@@ -20,7 +20,8 @@ class Reader {
     throw std::runtime_error("not JSON at offset " + std::to_string(at_) + ": " + what);
   }
   void SkipSpace() {
-    while (at_ < json_.size() && (json_[at_] == ' ' || json_[at_] == '\n' || json_[at_] == '\r' || json_[at_] == '\t'))
+    while (at_ < json_.size() &&
+           (json_[at_] == ' ' || json_[at_] == '\n' || json_[at_] == '\r' || json_[at_] == '\t'))
       ++at_;
   }
   bool Take(std::string_view word) {
@@ -106,16 +107,35 @@ class Reader {
       if (at_ >= json_.size()) Fail("an escape is cut off");
       const char escape = json_[at_++];
       switch (escape) {
-        case '"': text += '"'; break;
-        case '\\': text += '\\'; break;
-        case '/': text += '/'; break;
-        case 'b': text += '\b'; break;
-        case 'f': text += '\f'; break;
-        case 'n': text += '\n'; break;
-        case 'r': text += '\r'; break;
-        case 't': text += '\t'; break;
-        case 'u': text += Unicode(); break;
-        default: Fail("an unknown escape");
+        case '"':
+          text += '"';
+          break;
+        case '\\':
+          text += '\\';
+          break;
+        case '/':
+          text += '/';
+          break;
+        case 'b':
+          text += '\b';
+          break;
+        case 'f':
+          text += '\f';
+          break;
+        case 'n':
+          text += '\n';
+          break;
+        case 'r':
+          text += '\r';
+          break;
+        case 't':
+          text += '\t';
+          break;
+        case 'u':
+          text += Unicode();
+          break;
+        default:
+          Fail("an unknown escape");
       }
     }
   }
@@ -143,7 +163,9 @@ class Reader {
 
   double Number() {
     const std::size_t start = at_;
-    while (at_ < json_.size() && std::string_view("+-0123456789.eE").find(json_[at_]) != std::string_view::npos) ++at_;
+    while (at_ < json_.size() &&
+           std::string_view("+-0123456789.eE").find(json_[at_]) != std::string_view::npos)
+      ++at_;
     if (at_ == start) Fail("a value is not JSON");
     const std::string digits(json_.substr(start, at_ - start));
     char* end = nullptr;

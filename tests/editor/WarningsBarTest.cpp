@@ -46,11 +46,12 @@ TEST_F(WarningsBarTest, ShowsTheSameLinesAsCheckForTheOpenSimulation) {
   WarningsBar& bar = window_->Warnings();
   EXPECT_FALSE(bar.isHidden());
   EXPECT_EQ(bar.FindingCount(), 1);
-  EXPECT_EQ(bar.Text().toStdString(),
-            "The saved definition: 0 error(s), 1 warning(s). These are advice; the pages decide what is "
-            "accepted.\n"
-            "ZR101 warning at line 20 (Repss): The entry \"Repss\" is not read by any page, so it is ignored and "
-            "dropped on the next save; the closest known entry is \"Reps\".");
+  EXPECT_EQ(
+      bar.Text().toStdString(),
+      "The saved definition: 0 error(s), 1 warning(s). These are advice; the pages decide what is "
+      "accepted.\n"
+      "ZR101 warning at line 20 (Repss): The entry \"Repss\" is not read by any page, so it is ignored and "
+      "dropped on the next save; the closest known entry is \"Reps\".");
 }
 
 TEST_F(WarningsBarTest, WarningsNeverBlockOkAndAreRefreshedAfterSaving) {
@@ -78,8 +79,9 @@ TEST_F(WarningsBarTest, LongListsAreCutWithACount) {
   EXPECT_FALSE(bar.isHidden());
   const QStringList lines = bar.Text().split('\n');
   ASSERT_EQ(lines.size(), WarningsBar::kShownLines + 2);
-  EXPECT_EQ(lines.front().toStdString(),
-            "The saved definition: 1 error(s), 5 warning(s). These are advice; the pages decide what is accepted.");
+  EXPECT_EQ(
+      lines.front().toStdString(),
+      "The saved definition: 1 error(s), 5 warning(s). These are advice; the pages decide what is accepted.");
   EXPECT_EQ(lines.back().toStdString(), "… and 2 more (see the tooltip)");
   EXPECT_EQ(bar.toolTip().split('\n').size(), static_cast<int>(findings.size()));
 }

@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
 #include "zrsimprp/lint/ClosestName.h"
-#include "zrsimprp/lint/PageCheckCause.h"
 #include "zrsimprp/lint/LintCodes.h"
+#include "zrsimprp/lint/PageCheckCause.h"
 
 namespace zrsimprp {
 namespace {
@@ -23,13 +23,15 @@ TEST(PageCheckCause, SaysWhichErrorInterruptedThePage) {
   Finding finding = PageCheckCause::Explain("Density", RuntimeError(13, "Conversions", "Type mismatch"));
   EXPECT_EQ(finding.code, lint_code::kPageCheckInterrupted);
   EXPECT_EQ(finding.severity, Severity::kError);
-  EXPECT_EQ(finding.sentence,
-            "The Density page could not finish its checks because it met a value that is empty or not a number "
-            "(\"Type mismatch\", error 13 from Conversions).");
+  EXPECT_EQ(
+      finding.sentence,
+      "The Density page could not finish its checks because it met a value that is empty or not a number "
+      "(\"Type mismatch\", error 13 from Conversions).");
 }
 
 TEST(PageCheckCause, OverflowInWords) {
-  EXPECT_EQ(PageCheckCause::InWords(RuntimeError(6, "Conversions", "Overflow")), "a number too large for the page");
+  EXPECT_EQ(PageCheckCause::InWords(RuntimeError(6, "Conversions", "Overflow")),
+            "a number too large for the page");
 }
 
 }  // namespace

@@ -32,7 +32,8 @@ TEST_F(DefinitionLintTest, CleanDefinitionHasNoFindings) {
 }
 
 TEST_F(DefinitionLintTest, WithoutAProjectOnlyTheTextIsChecked) {
-  DefinitionLint::Report report = DefinitionLint(nullptr).Check(DefinitionWith("DataFilter", "DataFilter=99;"));
+  DefinitionLint::Report report =
+      DefinitionLint(nullptr).Check(DefinitionWith("DataFilter", "DataFilter=99;"));
   EXPECT_TRUE(report.findings.empty()) << Describe(report.findings);
 }
 
@@ -91,52 +92,66 @@ INSTANTIATE_TEST_SUITE_P(
     EveryCode, LintFinding,
     ::testing::Values(
         Case("NotADefinition", "garbage", lint_code::kNotADefinition,
-             "The text is not a definition from line 1, column 8: \"=\" is missing after the key \"garbage\"."),
-        Case("UnknownEntry", DefinitionWith("Repss", "Repss=30;"), lint_code::kUnknownEntry,
-             "The entry \"Repss\" is not read by any page, so it is ignored and dropped on the next save; the "
-             "closest known entry is \"Reps\".",
-             "Repss"),
+             "The text is not a definition from line 1, column 8: \"=\" is missing after the key "
+             "\"garbage\"."),
+        Case(
+            "UnknownEntry", DefinitionWith("Repss", "Repss=30;"), lint_code::kUnknownEntry,
+            "The entry \"Repss\" is not read by any page, so it is ignored and dropped on the next save; the "
+            "closest known entry is \"Reps\".",
+            "Repss"),
         Case("UnreadFieldOfAnEntryWithoutFields", DefinitionWith("Reps", "Reps=10 /extra=1;"),
              lint_code::kUnreadField,
-             "The field \"extra\" of the entry \"Reps\" is not part of that entry, so it is dropped on the next "
+             "The field \"extra\" of the entry \"Reps\" is not part of that entry, so it is dropped on the "
+             "next "
              "save; \"Reps\" takes no fields here.",
              "Reps", "extra"),
         Case("UnreadFieldWithClosestName",
              DefinitionWith("Density", "Density=Uniform /Densities=1,2,3 /GridSpace=100 /GridSpacing=5;"),
              lint_code::kUnreadField,
-             "The field \"GridSpacing\" of the entry \"Density\" is not part of that entry, so it is dropped on "
+             "The field \"GridSpacing\" of the entry \"Density\" is not part of that entry, so it is dropped "
+             "on "
              "the next save; the closest known field is \"GridSpace\".",
              "Density", "GridSpacing"),
-        Case("FieldReadByPosition", DefinitionWith("Clusters", "Clusters=True /Distribution=Poisson /Params=3;"),
+        Case("FieldReadByPosition",
+             DefinitionWith("Clusters", "Clusters=True /Distribution=Poisson /Params=3;"),
              lint_code::kFieldReadByPosition,
-             "The field \"Params\" of the entry \"Clusters\" is read by its position as \"param\" and is saved "
+             "The field \"Params\" of the entry \"Clusters\" is read by its position as \"param\" and is "
+             "saved "
              "under that name.",
              "Clusters", "Params"),
         Case("MissingField", DefinitionWith("Density", "Density=Uniform /Densities=1,2,3;"),
-             lint_code::kMissingField,
-             "The entry \"Density\" has no second field \"GridSpace\"" + kStop, "Density", "GridSpace"),
-        Case("DuplicateEntry", DefinitionWith("Reps", "Reps=10;\r\nReps=20;"), lint_code::kDuplicateEntry,
-             "The entry \"Reps\" appears 2 times; only the last one is used and the others are dropped on the "
-             "next save.",
-             "Reps"),
-        Case("DuplicateParameter", DefinitionWith("DetFuncParam", "DetFuncParam=\"\" /Scale=60;\r\nDetFuncParam=\"\" /scale=70;"),
+             lint_code::kMissingField, "The entry \"Density\" has no second field \"GridSpace\"" + kStop,
+             "Density", "GridSpace"),
+        Case(
+            "DuplicateEntry", DefinitionWith("Reps", "Reps=10;\r\nReps=20;"), lint_code::kDuplicateEntry,
+            "The entry \"Reps\" appears 2 times; only the last one is used and the others are dropped on the "
+            "next save.",
+            "Reps"),
+        Case("DuplicateParameter",
+             DefinitionWith("DetFuncParam", "DetFuncParam=\"\" /Scale=60;\r\nDetFuncParam=\"\" /scale=70;"),
              lint_code::kDuplicateEntry,
-             "The entry \"DetFuncParam\" for \"scale\" appears 2 times; only the last one is used and the others "
+             "The entry \"DetFuncParam\" for \"scale\" appears 2 times; only the last one is used and the "
+             "others "
              "are dropped on the next save.",
              "DetFuncParam", "scale"),
         Case("DensitiesBeforeAnyStrata", DefinitionWith("StrataLayer", ""), lint_code::kMoreValuesThanColumns,
              "The entry \"Density\" gives 3 densities but the table has 1 column when it is read (no "
-             "\"StrataLayer\" entry comes before it)" + kStop,
+             "\"StrataLayer\" entry comes before it)" +
+                 kStop,
              "Density", "Densities"),
-        Case("MorePopulationSizesThanStrata",
-             DefinitionWith("PopSize", "PopSize=\"Fixed N\" /Values=10,20,30,40;"),
-             lint_code::kMoreValuesThanColumns,
-             "The entry \"PopSize\" gives 4 population sizes but the table has 3 columns when it is read (the "
-             "strata of \"Strata\")" + kStop,
-             "PopSize", "Values"),
-        Case("StratumWithoutDensity", DefinitionWith("Density", "Density=Uniform /Densities=1,2 /GridSpace=100;"),
-             lint_code::kStratumWithoutValue, "The entry \"Density\" gives no density for stratum 'C', which keeps 0.",
-             "Density", "Densities", "stratum", "C"),
+        Case(
+            "MorePopulationSizesThanStrata",
+            DefinitionWith("PopSize", "PopSize=\"Fixed N\" /Values=10,20,30,40;"),
+            lint_code::kMoreValuesThanColumns,
+            "The entry \"PopSize\" gives 4 population sizes but the table has 3 columns when it is read (the "
+            "strata of \"Strata\")" +
+                kStop,
+            "PopSize", "Values"),
+        Case("StratumWithoutDensity",
+             DefinitionWith("Density", "Density=Uniform /Densities=1,2 /GridSpace=100;"),
+             lint_code::kStratumWithoutValue,
+             "The entry \"Density\" gives no density for stratum 'C', which keeps 0.", "Density", "Densities",
+             "stratum", "C"),
         Case("HotspotWithThreeValues", DefinitionWith("Hotspot", "Hotspot=\"\" /X,Y,Sig,Amp=1,2,3;"),
              lint_code::kListLengthsDiffer,
              "The entry \"Hotspot\" gives 3 values for hotspot 1 but needs four (X, Y, Sig, Amp)" + kStop,
@@ -144,85 +159,106 @@ INSTANTIATE_TEST_SUITE_P(
         Case("PmfSizesAndProbabilities",
              DefinitionWith("Clusters", "Clusters=True /Distribution=pmf /size=1,2,3 /prob=0.5,0.5;"),
              lint_code::kListLengthsDiffer,
-             "The entry \"Clusters\" gives 3 cluster sizes but 2 probabilities; each size needs one probability.",
+             "The entry \"Clusters\" gives 3 cluster sizes but 2 probabilities; each size needs one "
+             "probability.",
              "Clusters", "prob"),
-        Case("DensityNotANumber", DefinitionWith("Density", "Density=Uniform /Densities=abc,2,3 /GridSpace=100;"),
-             lint_code::kNotANumber, "The density for stratum 'A' is \"abc\", which is not a number.", "Density",
-             "Densities", "stratum", "A"),
-        Case("NegativeDensity", DefinitionWith("Density", "Density=Uniform /Densities=1,-1,3 /GridSpace=100;"),
+        Case("DensityNotANumber",
+             DefinitionWith("Density", "Density=Uniform /Densities=abc,2,3 /GridSpace=100;"),
+             lint_code::kNotANumber, "The density for stratum 'A' is \"abc\", which is not a number.",
+             "Density", "Densities", "stratum", "A"),
+        Case("NegativeDensity",
+             DefinitionWith("Density", "Density=Uniform /Densities=1,-1,3 /GridSpace=100;"),
              lint_code::kNegative, "The density for stratum 'B' is -1; it cannot be negative.", "Density",
              "Densities", "stratum", "B"),
         Case("NegativeAmplitude", DefinitionWith("Hotspot", "Hotspot=\"\" /X,Y,Sig,Amp=1,2,3,-4;"),
              lint_code::kNegative, "The amplitude of hotspot 1 is -4; it cannot be negative.", "Hotspot",
              "X,Y,Sig,Amp", "hotspot", "1"),
         Case("ZeroGridSpacing", DefinitionWith("Density", "Density=Uniform /Densities=1,2,3 /GridSpace=0;"),
-             lint_code::kNotPositive, "The grid spacing is 0; it must be greater than 0.", "Density", "GridSpace"),
+             lint_code::kNotPositive, "The grid spacing is 0; it must be greater than 0.", "Density",
+             "GridSpace"),
         Case("ZeroHotspotSigma", DefinitionWith("Hotspot", "Hotspot=\"\" /X,Y,Sig,Amp=1,2,0,4;"),
              lint_code::kNotPositive, "The sigma of hotspot 1 is 0; it must be greater than 0.", "Hotspot",
              "X,Y,Sig,Amp", "hotspot", "1"),
         Case("NegativeRepetitions", DefinitionWith("Reps", "Reps=-3;"), lint_code::kNotPositive,
              "The number of repetitions is -3; it must be greater than 0.", "Reps"),
         Case("ZeroCores", DefinitionWith("ParallelProcessing", "ParallelProcessing=True /cores=0;"),
-             lint_code::kNotPositive, "The number of cores is 0; it must be greater than 0.", "ParallelProcessing",
-             "cores"),
+             lint_code::kNotPositive, "The number of cores is 0; it must be greater than 0.",
+             "ParallelProcessing", "cores"),
         Case("FractionalFixedN", DefinitionWith("PopSize", "PopSize=\"Fixed N\" /Values=10.5,20,30;"),
-             lint_code::kNotWhole, "The population size N for stratum 'A' is 10.5; it must be a whole number.",
-             "PopSize", "Values", "stratum", "A"),
+             lint_code::kNotWhole,
+             "The population size N for stratum 'A' is 10.5; it must be a whole number.", "PopSize", "Values",
+             "stratum", "A"),
         Case("ProbabilityAboveOne",
              DefinitionWith("CategoricalCov", "CategoricalCov=sex /categories=m,f /prob=1.5,-0.5;"),
              lint_code::kProbabilityOutOfRange,
-             "The probability of level 'm' is 1.5; a probability must be between 0 and 1.", "CategoricalCov", "prob",
-             "level", "m"),
+             "The probability of level 'm' is 1.5; a probability must be between 0 and 1.", "CategoricalCov",
+             "prob", "level", "m"),
         Case("ProbabilitiesSumBelowOne",
              DefinitionWith("CategoricalCov", "CategoricalCov=sex /categories=m,f /prob=0.5,0.4;"),
              lint_code::kProbabilitiesDoNotSumToOne,
-             "The probabilities of the entry \"CategoricalCov\" add up to 0.9, not 1.", "CategoricalCov", "prob"),
+             "The probabilities of the entry \"CategoricalCov\" add up to 0.9, not 1.", "CategoricalCov",
+             "prob"),
         Case("AnalyseNotABoolean", DefinitionWith("Analyse", "Analyse=Yes;"), lint_code::kNotABooleanIgnored,
-             "The value \"Yes\" of the entry \"Analyse\" is not True or False, so it changes nothing.", "Analyse"),
+             "The value \"Yes\" of the entry \"Analyse\" is not True or False, so it changes nothing.",
+             "Analyse"),
         Case("ParallelNotABoolean", DefinitionWith("ParallelProcessing", "ParallelProcessing=maybe;"),
              lint_code::kNotABooleanStopsReading,
              "The value \"maybe\" of the entry \"ParallelProcessing\" is not True, False or a number" + kStop,
              "ParallelProcessing"),
         Case("UnknownDensityWord", DefinitionWith("Density", "Density=Unifrom;"), lint_code::kUnknownWord,
-             "The value \"Unifrom\" of the entry \"Density\" is not one of Uniform, Simple, DSM, so it changes "
+             "The value \"Unifrom\" of the entry \"Density\" is not one of Uniform, Simple, DSM, so it "
+             "changes "
              "nothing; the closest is \"Uniform\".",
              "Density"),
-        Case("UnknownSurvey", DefinitionWith("Transects", "Transects=Survey /ObjectID=9;"), lint_code::kUnknownSurvey,
-             "The project has no survey \"9\" that can be chosen (a survey with status 1), so the page selects its "
+        Case("UnknownSurvey", DefinitionWith("Transects", "Transects=Survey /ObjectID=9;"),
+             lint_code::kUnknownSurvey,
+             "The project has no survey \"9\" that can be chosen (a survey with status 1), so the page "
+             "selects its "
              "first survey instead.",
              "Transects", "ObjectID"),
         Case("SurveyThatCannotBeChosen", DefinitionWith("Transects", "Transects=Survey /ObjectID=4;"),
              lint_code::kUnknownSurvey,
-             "The project has no survey \"4\" that can be chosen (a survey with status 1), so the page selects its "
+             "The project has no survey \"4\" that can be chosen (a survey with status 1), so the page "
+             "selects its "
              "first survey instead.",
              "Transects", "ObjectID"),
-        Case("UnknownDesign", DefinitionWith("Transects", "Transects=Design /ObjectID=9;"), lint_code::kUnknownDesign,
+        Case("UnknownDesign", DefinitionWith("Transects", "Transects=Design /ObjectID=9;"),
+             lint_code::kUnknownDesign,
              "The project has no design \"9\", so the page selects its first design instead.", "Transects",
              "ObjectID"),
-        Case("LayerNotOffered", DefinitionWith("StrataLayer", "StrataLayer=Blocks;"), lint_code::kLayerNotOffered,
-             "The strata layer \"Blocks\" is not offered for the chosen survey, so the page selects \"Strata\" "
+        Case("LayerNotOffered", DefinitionWith("StrataLayer", "StrataLayer=Blocks;"),
+             lint_code::kLayerNotOffered,
+             "The strata layer \"Blocks\" is not offered for the chosen survey, so the page selects "
+             "\"Strata\" "
              "instead.",
              "StrataLayer"),
-        Case("UnknownDataFilter", DefinitionWith("DataFilter", "DataFilter=9;"), lint_code::kUnknownDataFilter,
+        Case("UnknownDataFilter", DefinitionWith("DataFilter", "DataFilter=9;"),
+             lint_code::kUnknownDataFilter,
              "The project has no data filter \"9\", so the page selects its first data filter instead.",
              "DataFilter"),
         Case("ModelDefinitionNotOffered", DefinitionWith("ModelDef", "ModelDef=2;"),
              lint_code::kUnknownModelDefinition,
-             "The project has no model definition \"2\" that can be chosen (MRDS with method ds, or MA), so the "
+             "The project has no model definition \"2\" that can be chosen (MRDS with method ds, or MA), so "
+             "the "
              "page selects its first model definition instead.",
              "ModelDef"),
         Case("CovariateParameterReadTooEarly", DefinitionWith("Hotspot", "DetFuncParam=\"\" /sex.m=0.5;"),
              lint_code::kParameterRowMissing,
-             "The entry \"DetFuncParam\" for \"sex.m\" is read before the covariate rows exist, so its value \"0.5\" "
+             "The entry \"DetFuncParam\" for \"sex.m\" is read before the covariate rows exist, so its value "
+             "\"0.5\" "
              "is lost on the next save.",
              "DetFuncParam", "sex.m", "parameter", "sex.m"),
-        Case("ShapeWithHalfNormal", DefinitionWith("Hotspot", "DetFuncParam=\"\" /Shape=3;"), lint_code::kShapeUnused,
-             "The entry \"DetFuncParam\" for \"Shape\" is not used by the Half-Normal detection function, so it is "
+        Case("ShapeWithHalfNormal", DefinitionWith("Hotspot", "DetFuncParam=\"\" /Shape=3;"),
+             lint_code::kShapeUnused,
+             "The entry \"DetFuncParam\" for \"Shape\" is not used by the Half-Normal detection function, so "
+             "it is "
              "dropped on the next save.",
              "DetFuncParam", "Shape", "parameter", "Shape"),
-        Case("DsmFieldsAreNotReadBack", DefinitionWith("Density", "Density=DSM /Layer=Surface /Field=Fitted;"),
+        Case("DsmFieldsAreNotReadBack",
+             DefinitionWith("Density", "Density=DSM /Layer=Surface /Field=Fitted;"),
              lint_code::kDsmFieldsNotRead,
-             "The fields of a DSM density are not read back, so its layer and field are lost on the next save.",
+             "The fields of a DSM density are not read back, so its layer and field are lost on the next "
+             "save.",
              "Density", "Layer")),
     [](const ::testing::TestParamInfo<Case>& param_info) { return param_info.param.name; });
 
@@ -254,8 +290,10 @@ TEST_F(DefinitionLintTest, SumOfTypedDecimalsCountsAsOne) {
 }
 
 TEST_F(DefinitionLintTest, MaxCoresAndBlankCoresAreFine) {
-  EXPECT_TRUE(Lint(DefinitionWith("ParallelProcessing", "ParallelProcessing=True /cores=\"max cores\";")).findings.empty());
-  EXPECT_TRUE(Lint(DefinitionWith("ParallelProcessing", "ParallelProcessing=True /cores=\"\";")).findings.empty());
+  EXPECT_TRUE(Lint(DefinitionWith("ParallelProcessing", "ParallelProcessing=True /cores=\"max cores\";"))
+                  .findings.empty());
+  EXPECT_TRUE(
+      Lint(DefinitionWith("ParallelProcessing", "ParallelProcessing=True /cores=\"\";")).findings.empty());
 }
 
 TEST_F(DefinitionLintTest, HazardRateKeepsItsShape) {

@@ -77,8 +77,10 @@ void DefinitionLint::CheckEntry(const DefinitionEntries::Located& located) {
     const std::string closest = ClosestName::Among(entry.key, EntryCatalogue::Keys());
     Add(lint_code::kUnknownEntry, Severity::kWarning, entry.key, "",
         "The entry " + Quoted(entry.key) +
-            " is not read by any page, so it is ignored and dropped on the next save; the closest known entry "
-            "is " + Quoted(closest) + ".")
+            " is not read by any page, so it is ignored and dropped on the next save; the closest known "
+            "entry "
+            "is " +
+            Quoted(closest) + ".")
         .suggestion = closest;
     return;
   }
@@ -118,18 +120,17 @@ void DefinitionLint::CheckFields(const DefinitionEntry& entry) {
   for (std::size_t i = 0; i < given && i < entry.field_names.size(); ++i) {
     const std::string& name = entry.field_names[i];
     if (i >= known.size()) {
-      Finding& finding = Add(
-          lint_code::kUnreadField, Severity::kWarning, entry.key, name,
-          "The field " + Quoted(name) + " of the entry " + Quoted(entry.key) +
-              " is not part of that entry, so it is dropped on the next save" +
-              (known.empty() ? "; " + Quoted(entry.key) + " takes no fields here."
-                             : "; the closest known field is " +
-                                   Quoted(ClosestName::Among(name, known)) + "."));
+      Finding& finding = Add(lint_code::kUnreadField, Severity::kWarning, entry.key, name,
+                             "The field " + Quoted(name) + " of the entry " + Quoted(entry.key) +
+                                 " is not part of that entry, so it is dropped on the next save" +
+                                 (known.empty() ? "; " + Quoted(entry.key) + " takes no fields here."
+                                                : "; the closest known field is " +
+                                                      Quoted(ClosestName::Among(name, known)) + "."));
       if (!known.empty()) finding.suggestion = ClosestName::Among(name, known);
     } else if (!TextEquals(name, known[i]) && !(key == "Density" && TextEquals(entry.value, "DSM"))) {
       Add(lint_code::kFieldReadByPosition, Severity::kWarning, entry.key, name,
-          "The field " + Quoted(name) + " of the entry " + Quoted(entry.key) + " is read by its position as " +
-              Quoted(known[i]) + " and is saved under that name.")
+          "The field " + Quoted(name) + " of the entry " + Quoted(entry.key) +
+              " is read by its position as " + Quoted(known[i]) + " and is saved under that name.")
           .suggestion = known[i];
     }
   }
@@ -144,7 +145,8 @@ void DefinitionLint::SelectSurvey(const std::string& survey_id) {
 }
 
 void DefinitionLint::CheckTransects(const DefinitionEntry& entry) {
-  CheckWord(entry, "", entry.value, {"Design", "Survey"}, "so a single survey is chosen and its identifier is not read");
+  CheckWord(entry, "", entry.value, {"Design", "Survey"},
+            "so a single survey is chosen and its identifier is not read");
   if (!facts_) return;
   const std::string id(TrimBlanks(FieldValue(entry, 0)));
   if (TextEquals(entry.value, "Design") && !facts_->HasDesign(id)) {
@@ -173,10 +175,11 @@ void DefinitionLint::CheckStrataLayer(const DefinitionEntry& entry) {
       return;
     }
   }
-  Finding& finding = Add(lint_code::kLayerNotOffered, Severity::kError, entry.key, "",
-                         "The strata layer " + Quoted(entry.value) + " is not offered for the chosen survey" +
-                             (offered.empty() ? ", and no layer is." : ", so the page selects " +
-                                                                          Quoted(offered.front()) + " instead."));
+  Finding& finding =
+      Add(lint_code::kLayerNotOffered, Severity::kError, entry.key, "",
+          "The strata layer " + Quoted(entry.value) + " is not offered for the chosen survey" +
+              (offered.empty() ? ", and no layer is."
+                               : ", so the page selects " + Quoted(offered.front()) + " instead."));
   if (!offered.empty()) finding.suggestion = ClosestName::Among(entry.value, offered);
   layer_ = offered.empty() ? "" : offered.front();
 }
@@ -204,8 +207,9 @@ void DefinitionLint::CheckColumnCount(const DefinitionEntry& entry, const std::s
   if (!columns || count <= std::max<std::size_t>(*columns, 1)) return;
   const std::size_t shown = std::max<std::size_t>(*columns, 1);
   Add(lint_code::kMoreValuesThanColumns, Severity::kError, entry.key, field,
-      "The entry " + Quoted(entry.key) + " gives " + std::to_string(count) + " " + what + " but the table has " +
-          std::to_string(shown) + (shown == 1 ? " column" : " columns") + " when it is read" +
+      "The entry " + Quoted(entry.key) + " gives " + std::to_string(count) + " " + what +
+          " but the table has " + std::to_string(shown) + (shown == 1 ? " column" : " columns") +
+          " when it is read" +
           (strata_handed_over_ ? " (the strata of " + Quoted(layer_) + ")"
                                : " (no \"StrataLayer\" entry comes before it)") +
           ", so reading the definition stops here with an internal error.");
@@ -226,8 +230,8 @@ void DefinitionLint::CheckDensity(const DefinitionEntry& entry) {
     CheckColumnCount(entry, "Densities", "densities", densities.size());
     for (std::size_t i = 0; i < densities.size(); ++i) {
       const std::string stratum = StratumName(i);
-      CheckNumber("Densities", "The density for stratum '" + stratum + "'", densities[i], kNotNegative, "stratum",
-                  stratum);
+      CheckNumber("Densities", "The density for stratum '" + stratum + "'", densities[i], kNotNegative,
+                  "stratum", stratum);
     }
   }
   if (entry.field_count >= 2) CheckNumber("GridSpace", "The grid spacing", FieldValue(entry, 1), kPositive);
@@ -266,9 +270,10 @@ void DefinitionLint::CheckPopSize(const DefinitionEntry& entry) {
   if (!fixed_n && !TextEquals(entry.value, "Fixed D")) return;
   for (std::size_t i = 0; i < values.size(); ++i) {
     const std::string stratum = StratumName(i);
-    CheckNumber("Values", (fixed_n ? "The population size N for stratum '" : "The density D for stratum '") +
-                              stratum + "'",
-                values[i], fixed_n ? kWholeNotNegative : kNotNegative, "stratum", stratum);
+    CheckNumber(
+        "Values",
+        (fixed_n ? "The population size N for stratum '" : "The density D for stratum '") + stratum + "'",
+        values[i], fixed_n ? kWholeNotNegative : kNotNegative, "stratum", stratum);
   }
 }
 
@@ -288,7 +293,8 @@ void DefinitionLint::CheckClusters(const DefinitionEntry& entry) {
   }
   if (TextEquals(distribution, "Negative-Binomial")) {
     if (!parameters.empty()) CheckNumber("param", "The cluster size parameter r", parameters[0], kPositive);
-    if (parameters.size() > 1) CheckNumber("param", "The cluster size parameter p", parameters[1], kProbability);
+    if (parameters.size() > 1)
+      CheckNumber("param", "The cluster size parameter p", parameters[1], kProbability);
   }
 }
 
@@ -306,7 +312,8 @@ void DefinitionLint::CheckPmf(const DefinitionEntry& entry) {
   }
   for (std::size_t i = 0; i < probabilities.size(); ++i) {
     const std::string column = std::to_string(i + 1);
-    CheckNumber("prob", "The probability in column " + column, probabilities[i], kProbability, "column", column);
+    CheckNumber("prob", "The probability in column " + column, probabilities[i], kProbability, "column",
+                column);
   }
   CheckSum(entry, "prob", probabilities);
 }
@@ -321,7 +328,8 @@ void DefinitionLint::CheckCategorical(const DefinitionEntry& entry) {
   }
   for (std::size_t i = 0; i < probabilities.size(); ++i) {
     const std::string level = i < levels.size() ? levels[i] : "column " + std::to_string(i + 1);
-    CheckNumber("prob", "The probability of level '" + level + "'", probabilities[i], kProbability, "level", level);
+    CheckNumber("prob", "The probability of level '" + level + "'", probabilities[i], kProbability, "level",
+                level);
   }
   CheckSum(entry, "prob", probabilities);
 }
@@ -341,8 +349,9 @@ void DefinitionLint::CheckDetectability(const DefinitionEntry& entry) {
   const std::string& by_stratum = FieldValue(entry, 0);
   if (entry.field_count > 0 && !IsBooleanWord(TrimBlanks(by_stratum))) {
     Add(lint_code::kNotABooleanIgnored, Severity::kWarning, entry.key, "ParamByStratum",
-        "The value " + Quoted(by_stratum) + " of the field \"ParamByStratum\" is not True or False, so it is read "
-        "as False.");
+        "The value " + Quoted(by_stratum) +
+            " of the field \"ParamByStratum\" is not True or False, so it is read "
+            "as False.");
   }
 }
 
@@ -352,18 +361,18 @@ void DefinitionLint::CheckDetFuncParam(const DefinitionEntry& entry) {
   const bool scale = TextEquals(name, "Scale");
   const bool shape = TextEquals(name, "Shape");
   if (!scale && !shape) {
-    Finding& finding =
-        Add(lint_code::kParameterRowMissing, Severity::kWarning, entry.key, name,
-            "The entry \"DetFuncParam\" for " + Quoted(name) +
-                " is read before the covariate rows exist, so its value " + Quoted(FieldValue(entry, 0)) +
-                " is lost on the next save.");
+    Finding& finding = Add(lint_code::kParameterRowMissing, Severity::kWarning, entry.key, name,
+                           "The entry \"DetFuncParam\" for " + Quoted(name) +
+                               " is read before the covariate rows exist, so its value " +
+                               Quoted(FieldValue(entry, 0)) + " is lost on the next save.");
     finding.place_kind = "parameter";
     finding.place = name;
     return;
   }
   if (shape) shape_lines_.push_back(line_);
   for (const std::string& value : Split(FieldValue(entry, 0), ',')) {
-    if (!CheckNumber(name, "The " + std::string(scale ? "scale" : "shape") + " parameter of the detection function",
+    if (!CheckNumber(name,
+                     "The " + std::string(scale ? "scale" : "shape") + " parameter of the detection function",
                      value, kPositive, "parameter", scale ? "Scale" : "Shape")) {
       break;
     }
@@ -375,7 +384,8 @@ void DefinitionLint::CheckParallel(const DefinitionEntry& entry) {
   if (!IsBooleanWord(value) && !IsNumeric(value)) {
     Add(lint_code::kNotABooleanStopsReading, Severity::kError, entry.key, "",
         "The value " + Quoted(entry.value) +
-            " of the entry \"ParallelProcessing\" is not True, False or a number, so reading the definition stops "
+            " of the entry \"ParallelProcessing\" is not True, False or a number, so reading the definition "
+            "stops "
             "here with an internal error.");
     return;
   }
@@ -390,12 +400,14 @@ void DefinitionLint::CheckReference(const DefinitionEntry& entry) {
   if (!facts_ || id == "0") return;
   if (TextEquals(entry.key, "DataFilter") && !facts_->HasDataFilter(id)) {
     Add(lint_code::kUnknownDataFilter, Severity::kError, entry.key, "",
-        "The project has no data filter " + Quoted(id) + ", so the page selects its first data filter instead.");
+        "The project has no data filter " + Quoted(id) +
+            ", so the page selects its first data filter instead.");
   }
   if (TextEquals(entry.key, "ModelDef") && !facts_->OffersModelDefinition(id)) {
     Add(lint_code::kUnknownModelDefinition, Severity::kError, entry.key, "",
         "The project has no model definition " + Quoted(id) +
-            " that can be chosen (MRDS with method ds, or MA), so the page selects its first model definition "
+            " that can be chosen (MRDS with method ds, or MA), so the page selects its first model "
+            "definition "
             "instead.");
   }
 }
@@ -423,8 +435,9 @@ void DefinitionLint::CheckDuplicates(const std::vector<DefinitionEntries::Locate
     const DefinitionEntry& entry = last->entry;
     const bool parameter = TextEquals(entry.key, "DetFuncParam");
     Add(lint_code::kDuplicateEntry, Severity::kWarning, entry.key, parameter ? entry.field_names[0] : "",
-        "The entry " + Quoted(entry.key) + (parameter ? " for " + Quoted(entry.field_names[0]) : std::string()) +
-            " appears " + std::to_string(count) +
+        "The entry " + Quoted(entry.key) +
+            (parameter ? " for " + Quoted(entry.field_names[0]) : std::string()) + " appears " +
+            std::to_string(count) +
             " times; only the last one is used and the others are dropped on the next save.");
   }
 }
@@ -433,10 +446,10 @@ void DefinitionLint::CheckAfterReading() {
   if (TextEquals(detection_function_, "Half-Normal")) {
     for (int line : shape_lines_) {
       line_ = line;
-      Finding& finding =
-          Add(lint_code::kShapeUnused, Severity::kWarning, "DetFuncParam", "Shape",
-              "The entry \"DetFuncParam\" for \"Shape\" is not used by the Half-Normal detection function, so it is "
-              "dropped on the next save.");
+      Finding& finding = Add(lint_code::kShapeUnused, Severity::kWarning, "DetFuncParam", "Shape",
+                             "The entry \"DetFuncParam\" for \"Shape\" is not used by the Half-Normal "
+                             "detection function, so it is "
+                             "dropped on the next save.");
       finding.place_kind = "parameter";
       finding.place = "Shape";
     }
@@ -445,7 +458,8 @@ void DefinitionLint::CheckAfterReading() {
   const std::optional<std::size_t> strata = StrataCount();
   if (!strata) return;
   line_ = 0;
-  auto missing = [&](const std::string& entry, const std::string& field, const std::string& what, std::size_t given) {
+  auto missing = [&](const std::string& entry, const std::string& field, const std::string& what,
+                     std::size_t given) {
     for (std::size_t i = given; i < *strata; ++i) {
       const std::string stratum = StratumName(i);
       Finding& finding = Add(lint_code::kStratumWithoutValue, Severity::kWarning, entry, field,
@@ -455,14 +469,16 @@ void DefinitionLint::CheckAfterReading() {
       finding.place = stratum;
     }
   };
-  if (TextEquals(density_description_, "Uniform")) missing("Density", "Densities", "density", densities_given_);
+  if (TextEquals(density_description_, "Uniform"))
+    missing("Density", "Densities", "density", densities_given_);
   if (TextEquals(population_size_, "Fixed N") || TextEquals(population_size_, "Fixed D")) {
     missing("PopSize", "Values", "population size", population_values_given_);
   }
 }
 
-bool DefinitionLint::CheckNumber(const std::string& field, const std::string& subject, const std::string& text,
-                                 Rule rule, const std::string& place_kind, const std::string& place) {
+bool DefinitionLint::CheckNumber(const std::string& field, const std::string& subject,
+                                 const std::string& text, Rule rule, const std::string& place_kind,
+                                 const std::string& place) {
   const std::string_view trimmed = TrimBlanks(text);
   const char* code = nullptr;
   std::string sentence;
@@ -503,16 +519,17 @@ bool DefinitionLint::CheckNumber(const std::string& field, const std::string& su
   return false;
 }
 
-void DefinitionLint::CheckWord(const DefinitionEntry& entry, const std::string& field, const std::string& word,
-                               const std::vector<std::string>& words, const std::string& consequence) {
+void DefinitionLint::CheckWord(const DefinitionEntry& entry, const std::string& field,
+                               const std::string& word, const std::vector<std::string>& words,
+                               const std::string& consequence) {
   for (const std::string& known : words) {
     if (TextEquals(known, word)) return;
   }
   const std::string closest = ClosestName::Among(word, words);
   Add(lint_code::kUnknownWord, Severity::kWarning, entry.key, field,
-      "The value " + Quoted(word) + (field.empty() ? "" : " of the field " + Quoted(field)) + " of the entry " +
-          Quoted(entry.key) + " is not one of " + Join(words) + ", " + consequence + "; the closest is " +
-          Quoted(closest) + ".")
+      "The value " + Quoted(word) + (field.empty() ? "" : " of the field " + Quoted(field)) +
+          " of the entry " + Quoted(entry.key) + " is not one of " + Join(words) + ", " + consequence +
+          "; the closest is " + Quoted(closest) + ".")
       .suggestion = closest;
 }
 

@@ -56,7 +56,8 @@ class DefinitionLint {
   void CheckWord(const DefinitionEntry& entry, const std::string& field, const std::string& word,
                  const std::vector<std::string>& words, const std::string& consequence);
   void CheckBoolean(const DefinitionEntry& entry, const std::string& consequence);
-  void CheckSum(const DefinitionEntry& entry, const std::string& field, const std::vector<std::string>& probabilities);
+  void CheckSum(const DefinitionEntry& entry, const std::string& field,
+                const std::vector<std::string>& probabilities);
   // Values given for the strata: more than the table has columns when they are read stops the reading.
   void CheckColumnCount(const DefinitionEntry& entry, const std::string& field, const std::string& what,
                         std::size_t count);

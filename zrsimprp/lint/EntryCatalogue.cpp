@@ -21,10 +21,9 @@ bool IsTrueWord(const std::string& value) {
 
 const std::vector<std::string>& EntryCatalogue::Keys() {
   static const std::vector<std::string> kKeys = {
-      "Engine",        "Transects",      "StrataLayer",    "Reps",           "Density",
-      "Hotspot",       "PopSize",        "Clusters",       "CategoricalCov", "ContinuousCov",
-      "Detectability", "DetFuncParam",   "Analyse",        "DataFilter",     "ModelDef",
-      "ModelSelection", "ParallelProcessing"};
+      "Engine",  "Transects",  "StrataLayer",    "Reps",           "Density",           "Hotspot",
+      "PopSize", "Clusters",   "CategoricalCov", "ContinuousCov",  "Detectability",     "DetFuncParam",
+      "Analyse", "DataFilter", "ModelDef",       "ModelSelection", "ParallelProcessing"};
   return kKeys;
 }
 
@@ -46,7 +45,8 @@ std::vector<std::string> EntryCatalogue::FieldNames(const DefinitionEntry& entry
     return {};
   }
   if (key == "Hotspot") return {"X,Y,Sig,Amp"};
-  if (key == "PopSize") return TextEquals(value, "Poisson N") ? std::vector<std::string>{} : std::vector<std::string>{"Values"};
+  if (key == "PopSize")
+    return TextEquals(value, "Poisson N") ? std::vector<std::string>{} : std::vector<std::string>{"Values"};
   if (key == "Clusters") {
     if (!TextEquals(value, "True")) return {};
     if (TextEquals(FirstField(entry), "pmf")) return {"Distribution", "size", "prob"};

@@ -7,7 +7,9 @@ namespace zrsimprp {
 enum class Severity { kError, kWarning };
 
 // "error" or "warning", as reports print it.
-inline const char* SeverityName(Severity severity) { return severity == Severity::kError ? "error" : "warning"; }
+inline const char* SeverityName(Severity severity) {
+  return severity == Severity::kError ? "error" : "warning";
+}
 
 // One thing the lint found in a definition beyond the pages' own verdicts. `code` is stable ("ZR101");
 // `entry` and `field` name what the finding is about as the text spells them; `place_kind` and

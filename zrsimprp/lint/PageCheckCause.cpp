@@ -25,9 +25,9 @@ Finding PageCheckCause::Explain(const std::string& page, const RuntimeError& err
   Finding finding;
   finding.code = lint_code::kPageCheckInterrupted;
   finding.severity = Severity::kError;
-  finding.sentence = "The " + page + " page could not finish its checks because it met " + InWords(error) + " (\"" +
-                     error.description + "\", error " + std::to_string(error.number) + " from " + error.source +
-                     ").";
+  finding.sentence = "The " + page + " page could not finish its checks because it met " + InWords(error) +
+                     " (\"" + error.description + "\", error " + std::to_string(error.number) + " from " +
+                     error.source + ").";
   return finding;
 }
 

@@ -72,8 +72,8 @@ void ProjectFacts::GatherModelDefinitions() {
           const std::string engine = model->EngineName();
           bool offered = TextEquals(engine, "MA");
           if (TextEquals(engine, "MRDS")) {
-            offered = TextEquals(DefinitionEntryCodec::Instance().EntryValue(model->DefinitionText(), "Method"),
-                                 "ds");
+            offered = TextEquals(
+                DefinitionEntryCodec::Instance().EntryValue(model->DefinitionText(), "Method"), "ds");
           }
           if (offered) model_definitions_[std::to_string(key)] = true;
         }

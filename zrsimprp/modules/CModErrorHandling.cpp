@@ -43,7 +43,8 @@ std::optional<RuntimeError> CModErrorHandling::TakeLastCheckError() {
 
 bool CModErrorHandling::RunPageChecks(std::string& message, const std::function<std::string()>& first_failure) {
   std::string failure;
-  if (!RunTrapped([&] { failure = first_failure(); }, [](const RuntimeError& error) { LastCheckError() = error; })) {
+  if (!RunTrapped([&] { failure = first_failure(); },
+                  [](const RuntimeError& error) { LastCheckError() = error; })) {
     message = kUnexpectedCheckMessage;
     return false;
   }
