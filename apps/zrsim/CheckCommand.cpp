@@ -86,11 +86,18 @@ int CheckCommand::Run(const std::vector<std::string>& words) {
                               [&](const zrsimprp::RuntimeError& error) { failure = error.description; })) {
       throw UsageError(command + ": cannot list the simulations: " + failure);
     }
+    // Each name comes from the listing, so each definition is read directly: looking every name up in
+    // the listing again would make a large project quadratic.
     for (const std::string& name : names) {
       SimulationCheck check;
       check.source = "simulation";
       check.name = name;
-      inputs.emplace_back(check, files_.SimulationDefinition(command, *project, name));
+      std::string text;
+      if (!zrsimprp::RunTrapped([&] { text = project->SimulationDefinition(name); },
+                                [&](const zrsimprp::RuntimeError& error) { failure = error.description; })) {
+        throw UsageError(command + ": cannot read the simulation '" + name + "': " + failure);
+      }
+      inputs.emplace_back(check, text);
     }
   } else {
     SimulationCheck check;
