@@ -244,7 +244,8 @@ INSTANTIATE_TEST_SUITE_P(
              "ModelDef"),
         Case("CovariateParameterReadTooEarly", DefinitionWith("Hotspot", "DetFuncParam=\"\" /sex.m=0.5;"),
              lint_code::kParameterRowMissing,
-             "The entry \"DetFuncParam\" for \"sex.m\" is read before the covariate rows exist, so its value "
+             "The entry \"DetFuncParam\" for \"sex.m\" is read before the cluster size and covariate rows "
+             "exist, so its value "
              "\"0.5\" "
              "is lost on the next save.",
              "DetFuncParam", "sex.m", "parameter", "sex.m"),

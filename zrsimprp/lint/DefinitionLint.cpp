@@ -363,7 +363,7 @@ void DefinitionLint::CheckDetFuncParam(const DefinitionEntry& entry) {
   if (!scale && !shape) {
     Finding& finding = Add(lint_code::kParameterRowMissing, Severity::kWarning, entry.key, name,
                            "The entry \"DetFuncParam\" for " + Quoted(name) +
-                               " is read before the covariate rows exist, so its value " +
+                               " is read before the cluster size and covariate rows exist, so its value " +
                                Quoted(FieldValue(entry, 0)) + " is lost on the next save.");
     finding.place_kind = "parameter";
     finding.place = name;
