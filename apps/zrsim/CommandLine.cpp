@@ -9,6 +9,7 @@
 #include "zrsim/ProjectTool.h"
 #include "zrsim/SimulationCommands.h"
 #include "zrsim/UsageError.h"
+#include "zrsim/VisibleText.h"
 #include "zrsimprp/host/RuntimeError.h"
 
 namespace zrsim {
@@ -36,13 +37,15 @@ int CommandLine::Run(const std::vector<std::string>& words) {
   try {
     return Dispatch(words);
   } catch (const UsageError& error) {
-    err_ << error.what() << "\n";
+    // Messages quote names and values from the files; their control characters are shown, not sent.
+    err_ << VisibleLines(error.what()) << "\n";
     return kUsageOrFileError;
   } catch (const zrsimprp::RuntimeError& error) {
-    err_ << "zrsim: " << error.description << " (error " << error.number << ", " << error.source << ")\n";
+    err_ << "zrsim: " << VisibleText(error.description) << " (error " << error.number << ", " << error.source
+         << ")\n";
     return kUsageOrFileError;
   } catch (const std::exception& error) {
-    err_ << "zrsim: " << error.what() << "\n";
+    err_ << "zrsim: " << VisibleText(error.what()) << "\n";
     return kUsageOrFileError;
   }
 }

@@ -250,3 +250,16 @@ TEST_F(CheckFindings, NormalizeKeepsTheControlsLineBreaksExactly) {
 }
 
 }  // namespace
+
+namespace {
+
+using CheckMessages = CliFixture;
+
+TEST_F(CheckMessages, UnknownSimulationNameIsQuotedWithoutRawControlCharacters) {
+  Result result = Run({"check", "--project", SampleProject(), "--simulation", "Odd\rname"});
+  EXPECT_EQ(result.status, 2);
+  EXPECT_EQ(result.err.find('\r'), std::string::npos);
+  EXPECT_NE(result.err.find("no simulation named 'Odd\\rname'"), std::string::npos) << result.err;
+}
+
+}  // namespace
