@@ -323,3 +323,22 @@ TEST_F(DefinitionLintTest, AFailingProjectIsNotACrash) {
 
 }  // namespace
 }  // namespace zrsimprp
+
+namespace zrsimprp {
+namespace {
+
+TEST(DefinitionLintReuse, OneLintGivesEachTextItsOwnFindings) {
+  auto project = LintTestProject();
+  ProjectFacts facts(project);
+  DefinitionLint lint(&facts);
+  const std::string with_hotspot = DefinitionWith("Hotspot", "Hotspot=\"\" /X,Y,Sig,Amp=1,2,0,4;");
+  const std::vector<Finding> first = lint.Check(with_hotspot).findings;
+  EXPECT_TRUE(lint.Check(DefinitionWith("Reps", "Reps=10;")).findings.empty());
+  const std::vector<Finding> again = lint.Check(with_hotspot).findings;
+  ASSERT_EQ(again.size(), first.size());
+  for (std::size_t i = 0; i < first.size(); ++i) EXPECT_EQ(again[i].sentence, first[i].sentence);
+  EXPECT_EQ(again[0].place, "1");
+}
+
+}  // namespace
+}  // namespace zrsimprp

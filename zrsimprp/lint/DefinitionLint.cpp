@@ -38,6 +38,7 @@ constexpr double kSumTolerance = 1e-9;
 
 DefinitionLint::Report DefinitionLint::Check(std::string_view text) {
   report_ = Report();
+  read_ = ReadState();
   DefinitionEntries entries(text);
   if (entries.SyntaxBreak()) {
     const DefinitionEntries::Break& at = *entries.SyntaxBreak();
@@ -137,11 +138,11 @@ void DefinitionLint::CheckFields(const DefinitionEntry& entry) {
 }
 
 void DefinitionLint::SelectSurvey(const std::string& survey_id) {
-  survey_ = survey_id;
-  layer_.clear();
-  if (!facts_ || survey_.empty()) return;
-  const std::vector<std::string>& layers = facts_->LayersOfferedFor(survey_);
-  if (!layers.empty()) layer_ = layers.front();
+  read_.survey = survey_id;
+  read_.layer.clear();
+  if (!facts_ || read_.survey.empty()) return;
+  const std::vector<std::string>& layers = facts_->LayersOfferedFor(read_.survey);
+  if (!layers.empty()) read_.layer = layers.front();
 }
 
 void DefinitionLint::CheckTransects(const DefinitionEntry& entry) {
@@ -166,12 +167,12 @@ void DefinitionLint::CheckTransects(const DefinitionEntry& entry) {
 }
 
 void DefinitionLint::CheckStrataLayer(const DefinitionEntry& entry) {
-  strata_handed_over_ = true;
+  read_.strata_handed_over = true;
   if (!facts_ || TextEquals(entry.value, "None")) return;
-  const std::vector<std::string>& offered = facts_->LayersOfferedFor(survey_);
+  const std::vector<std::string>& offered = facts_->LayersOfferedFor(read_.survey);
   for (const std::string& layer : offered) {
     if (TextEquals(layer, entry.value)) {
-      layer_ = layer;
+      read_.layer = layer;
       return;
     }
   }
@@ -181,20 +182,20 @@ void DefinitionLint::CheckStrataLayer(const DefinitionEntry& entry) {
               (offered.empty() ? ", and no layer is."
                                : ", so the page selects " + Quoted(offered.front()) + " instead."));
   if (!offered.empty()) finding.suggestion = ClosestName::Among(entry.value, offered);
-  layer_ = offered.empty() ? "" : offered.front();
+  read_.layer = offered.empty() ? "" : offered.front();
 }
 
 std::optional<std::size_t> DefinitionLint::StrataCount() const {
   if (!facts_) return std::nullopt;
-  if (layer_.empty()) return std::size_t{0};
-  const auto& strata = facts_->StrataOf(layer_);
+  if (read_.layer.empty()) return std::size_t{0};
+  const auto& strata = facts_->StrataOf(read_.layer);
   if (!strata) return std::nullopt;
   return strata->size();
 }
 
 std::string DefinitionLint::StratumName(std::size_t index) const {
-  if (facts_ && !layer_.empty()) {
-    const auto& strata = facts_->StrataOf(layer_);
+  if (facts_ && !read_.layer.empty()) {
+    const auto& strata = facts_->StrataOf(read_.layer);
     if (strata && index < strata->size() && !(*strata)[index].empty()) return (*strata)[index];
   }
   return "column " + std::to_string(index + 1);
@@ -203,21 +204,22 @@ std::string DefinitionLint::StratumName(std::size_t index) const {
 void DefinitionLint::CheckColumnCount(const DefinitionEntry& entry, const std::string& field,
                                       const std::string& what, std::size_t count) {
   // Until a "StrataLayer" entry hands the strata over, the tables keep the one column they are made with.
-  std::optional<std::size_t> columns = strata_handed_over_ ? StrataCount() : std::optional<std::size_t>(1);
+  std::optional<std::size_t> columns =
+      read_.strata_handed_over ? StrataCount() : std::optional<std::size_t>(1);
   if (!columns || count <= std::max<std::size_t>(*columns, 1)) return;
   const std::size_t shown = std::max<std::size_t>(*columns, 1);
   Add(lint_code::kMoreValuesThanColumns, Severity::kError, entry.key, field,
       "The entry " + Quoted(entry.key) + " gives " + std::to_string(count) + " " + what +
           " but the table has " + std::to_string(shown) + (shown == 1 ? " column" : " columns") +
           " when it is read" +
-          (strata_handed_over_ ? " (the strata of " + Quoted(layer_) + ")"
-                               : " (no \"StrataLayer\" entry comes before it)") +
+          (read_.strata_handed_over ? " (the strata of " + Quoted(read_.layer) + ")"
+                                    : " (no \"StrataLayer\" entry comes before it)") +
           ", so reading the definition stops here with an internal error.");
 }
 
 void DefinitionLint::CheckDensity(const DefinitionEntry& entry) {
   CheckWord(entry, "", entry.value, {"Uniform", "Simple", "DSM"}, "so it changes nothing");
-  density_description_ = entry.value;
+  read_.density_description = entry.value;
   if (TextEquals(entry.value, "DSM") && entry.field_count > 0) {
     Add(lint_code::kDsmFieldsNotRead, Severity::kWarning, entry.key, entry.field_names[0],
         "The fields of a DSM density are not read back, so its layer and field are lost on the next save.");
@@ -226,7 +228,7 @@ void DefinitionLint::CheckDensity(const DefinitionEntry& entry) {
   if (!uniform && !TextEquals(entry.value, "Simple")) return;
   if (uniform) {
     const std::vector<std::string> densities = Split(FieldValue(entry, 0), ',');
-    densities_given_ = densities.size();
+    read_.densities_given = densities.size();
     CheckColumnCount(entry, "Densities", "densities", densities.size());
     for (std::size_t i = 0; i < densities.size(); ++i) {
       const std::string stratum = StratumName(i);
@@ -239,7 +241,7 @@ void DefinitionLint::CheckDensity(const DefinitionEntry& entry) {
 
 void DefinitionLint::CheckHotspot(const DefinitionEntry& entry) {
   // Hotspots are numbered by their order among the "Hotspot" entries, as the page adds their rows.
-  const std::string place = std::to_string(++hotspot_count_);
+  const std::string place = std::to_string(++read_.hotspot_count);
   const std::vector<std::string> values = Split(FieldValue(entry, 0), ',');
   if (values.size() < 4) {
     Add(lint_code::kListLengthsDiffer, Severity::kError, entry.key, entry.field_names[0],
@@ -260,11 +262,11 @@ void DefinitionLint::CheckPopSize(const DefinitionEntry& entry) {
   CheckWord(entry, "", entry.value, {"Fixed N", "Poisson N", "Fixed D"}, "so it changes nothing");
   if (TextEquals(entry.value, "Fixed N") || TextEquals(entry.value, "Poisson N") ||
       TextEquals(entry.value, "Fixed D")) {
-    population_size_ = entry.value;
+    read_.population_size = entry.value;
   }
   // The values are taken whatever the word, so too many of them stop the reading under any option.
   const std::vector<std::string> values = Split(FieldValue(entry, 0), ',');
-  population_values_given_ = values.size();
+  read_.population_values_given = values.size();
   CheckColumnCount(entry, "Values", "population sizes", values.size());
   const bool fixed_n = TextEquals(entry.value, "Fixed N");
   if (!fixed_n && !TextEquals(entry.value, "Fixed D")) return;
@@ -345,7 +347,7 @@ void DefinitionLint::CheckContinuous(const DefinitionEntry& entry) {
 
 void DefinitionLint::CheckDetectability(const DefinitionEntry& entry) {
   CheckWord(entry, "", entry.value, {"Half-Normal", "Hazard Rate"}, "so \"Half-Normal\" is selected");
-  detection_function_ = TextEquals(entry.value, "Hazard Rate") ? "Hazard Rate" : "Half-Normal";
+  read_.detection_function = TextEquals(entry.value, "Hazard Rate") ? "Hazard Rate" : "Half-Normal";
   const std::string& by_stratum = FieldValue(entry, 0);
   if (entry.field_count > 0 && !IsBooleanWord(TrimBlanks(by_stratum))) {
     Add(lint_code::kNotABooleanIgnored, Severity::kWarning, entry.key, "ParamByStratum",
@@ -369,7 +371,7 @@ void DefinitionLint::CheckDetFuncParam(const DefinitionEntry& entry) {
     finding.place = name;
     return;
   }
-  if (shape) shape_lines_.push_back(line_);
+  if (shape) read_.shape_lines.push_back(line_);
   for (const std::string& value : Split(FieldValue(entry, 0), ',')) {
     if (!CheckNumber(name,
                      "The " + std::string(scale ? "scale" : "shape") + " parameter of the detection function",
@@ -443,8 +445,8 @@ void DefinitionLint::CheckDuplicates(const std::vector<DefinitionEntries::Locate
 }
 
 void DefinitionLint::CheckAfterReading() {
-  if (TextEquals(detection_function_, "Half-Normal")) {
-    for (int line : shape_lines_) {
+  if (TextEquals(read_.detection_function, "Half-Normal")) {
+    for (int line : read_.shape_lines) {
       line_ = line;
       Finding& finding = Add(lint_code::kShapeUnused, Severity::kWarning, "DetFuncParam", "Shape",
                              "The entry \"DetFuncParam\" for \"Shape\" is not used by the Half-Normal "
@@ -469,10 +471,10 @@ void DefinitionLint::CheckAfterReading() {
       finding.place = stratum;
     }
   };
-  if (TextEquals(density_description_, "Uniform"))
-    missing("Density", "Densities", "density", densities_given_);
-  if (TextEquals(population_size_, "Fixed N") || TextEquals(population_size_, "Fixed D")) {
-    missing("PopSize", "Values", "population size", population_values_given_);
+  if (TextEquals(read_.density_description, "Uniform"))
+    missing("Density", "Densities", "density", read_.densities_given);
+  if (TextEquals(read_.population_size, "Fixed N") || TextEquals(read_.population_size, "Fixed D")) {
+    missing("PopSize", "Values", "population size", read_.population_values_given);
   }
 }
 

@@ -73,17 +73,20 @@ class DefinitionLint {
   Report report_;
   int line_ = 0;
   std::string current_key_;  // the entry being checked, as the text spells its key
-  // What the pages hold while the text is read.
-  std::string survey_;
-  std::string layer_;
-  bool strata_handed_over_ = false;
-  std::string density_description_;
-  std::size_t densities_given_ = 0;
-  std::string population_size_;
-  std::size_t population_values_given_ = 0;
-  std::string detection_function_ = "Half-Normal";
-  std::size_t hotspot_count_ = 0;
-  std::vector<int> shape_lines_;
+  // What the pages hold while the text is read; fresh for every Check.
+  struct ReadState {
+    std::string survey;
+    std::string layer;
+    bool strata_handed_over = false;
+    std::string density_description;
+    std::size_t densities_given = 0;
+    std::string population_size;
+    std::size_t population_values_given = 0;
+    std::string detection_function = "Half-Normal";
+    std::size_t hotspot_count = 0;
+    std::vector<int> shape_lines;
+  };
+  ReadState read_;
 };
 
 }  // namespace zrsimprp
