@@ -5,6 +5,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "zrsim-editor/WarningsBar.h"
 #include "zrsimprp/host/RuntimeError.h"
 
 namespace zrsim_editor {
@@ -35,6 +36,8 @@ EditorWindow::EditorWindow(EditorDocument& document, QWidget* parent) : QDialog(
 
   auto* layout = new QVBoxLayout(this);
   layout->addWidget(properties_, 1);
+  warnings_ = new WarningsBar(this);
+  layout->addWidget(warnings_);
   layout->addWidget(buttons);
   UpdateTitle();
 }
@@ -58,6 +61,7 @@ bool EditorWindow::Load() {
     Tell("The simulation '" + document_.SimulationName() + "' could not be loaded: " + Describe(error));
     return false;
   }
+  warnings_->ShowFindingsFor(document_.Project(), document_.SavedDefinition());
   return true;
 }
 
@@ -69,6 +73,7 @@ bool EditorWindow::Apply() {
     Tell(outcome.message);
     return false;
   }
+  warnings_->ShowFindingsFor(document_.Project(), document_.SavedDefinition());
   return true;
 }
 

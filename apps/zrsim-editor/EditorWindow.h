@@ -11,6 +11,8 @@ class QPushButton;
 
 namespace zrsim_editor {
 
+class WarningsBar;
+
 // The host's properties form: the control and OK / Cancel / Apply / Reset. OK and Apply validate the
 // shown page, read the definition back and save it; an empty definition (the control could not
 // write it) is never saved.
@@ -38,6 +40,7 @@ class EditorWindow : public QDialog {
   QPushButton* ApplyButton() const { return apply_; }
   QPushButton* CancelButton() const { return cancel_; }
   QPushButton* ResetButton() const { return reset_; }
+  WarningsBar& Warnings() { return *warnings_; }
 
   // Sends both the window's and the control's messages to `sink` instead of modal boxes.
   void SetMessageSink(MessageSink sink);
@@ -54,6 +57,7 @@ class EditorWindow : public QDialog {
   QPushButton* cancel_ = nullptr;
   QPushButton* apply_ = nullptr;
   QPushButton* reset_ = nullptr;
+  WarningsBar* warnings_ = nullptr;
   MessageSink sink_;
 };
 

@@ -9,6 +9,7 @@
 #include "zrsim/ProjectTool.h"
 #include "zrsim/SimulationCommands.h"
 #include "zrsim/UsageError.h"
+#include "zrsim/VisibleText.h"
 #include "zrsimprp/host/RuntimeError.h"
 
 namespace zrsim {
@@ -20,28 +21,31 @@ std::string CommandLine::Usage() {
          "reads them, and creates and fills project files.\n"
          "\n"
          "Commands:\n"
-         "  check      validate every page of a simulation, one line per page\n"
+         "  check      validate every page of a simulation (or of all, --all) and report findings\n"
          "  normalize  print the definition the control writes back\n"
          "  show       print a readable summary of every page's values\n"
          "  project    create the sample project, list a project, add layers, designs, surveys,\n"
          "             data filters, model definitions and simulations\n"
          "\n"
          "Run 'zrsim COMMAND --help' for the options of a command.\n"
-         "Exit status: 0 success, 1 a page failed validation, 2 a mistake in the arguments or a\n"
-         "file that cannot be used.\n";
+         "Exit status: 0 success, 1 a page failed validation (check: or an error finding), 2 a\n"
+         "mistake in the arguments, a file that cannot be used or a text that is not a definition,\n"
+         "3 check --strict found warnings only.\n";
 }
 
 int CommandLine::Run(const std::vector<std::string>& words) {
   try {
     return Dispatch(words);
   } catch (const UsageError& error) {
-    err_ << error.what() << "\n";
+    // Messages quote names and values from the files; their control characters are shown, not sent.
+    err_ << VisibleLines(error.what()) << "\n";
     return kUsageOrFileError;
   } catch (const zrsimprp::RuntimeError& error) {
-    err_ << "zrsim: " << error.description << " (error " << error.number << ", " << error.source << ")\n";
+    err_ << "zrsim: " << VisibleText(error.description) << " (error " << error.number << ", " << error.source
+         << ")\n";
     return kUsageOrFileError;
   } catch (const std::exception& error) {
-    err_ << "zrsim: " << error.what() << "\n";
+    err_ << "zrsim: " << VisibleText(error.what()) << "\n";
     return kUsageOrFileError;
   }
 }

@@ -34,8 +34,13 @@ template <class Page>
 PageVerdict PageChecker::Check(const std::string& name, Page& page) {
   PageVerdict verdict;
   verdict.page = name;
+  zrsimprp::CModErrorHandling::TakeLastCheckError();  // an earlier page's, or another control's
   HandOver("IsValid", [&] { verdict.valid = page.IsValid(verdict.message); });
   if (verdict.valid) verdict.message.clear();
+  std::optional<zrsimprp::RuntimeError> cause = zrsimprp::CModErrorHandling::TakeLastCheckError();
+  if (!verdict.valid && verdict.message == zrsimprp::CModErrorHandling::kUnexpectedCheckMessage) {
+    verdict.cause = cause;
+  }
   return verdict;
 }
 

@@ -10,6 +10,7 @@
 #include "zrsim/ArgumentParser.h"
 #include "zrsim/ExitStatus.h"
 #include "zrsim/UsageError.h"
+#include "zrsim/VisibleText.h"
 #include "zrsimprp/host/Conversions.h"
 #include "zrsimprp/host/DefinitionEntryCodec.h"
 #include "zrsimprp/host/EngineDefaults.h"
@@ -143,7 +144,7 @@ int ProjectTool::List(const std::vector<std::string>& words) {
     }
     out_ << "Designs:\n";
     for (const auto& design : project->Designs()) {
-      out_ << "  " << design.id << " " << design.name << ": " << design.definition_text << "\n";
+      out_ << "  " << design.id << " " << design.name << ": " << VisibleText(design.definition_text) << "\n";
     }
     out_ << "Surveys:\n";
     for (const auto& survey : project->Surveys()) {
@@ -156,10 +157,10 @@ int ProjectTool::List(const std::vector<std::string>& words) {
     out_ << "Model definitions:\n";
     for (const auto& model : project->ModelDefinitionList()) {
       out_ << "  " << model.id << " " << model.name << " (engine " << model.engine << ")"
-           << (model.definition_text.empty() ? "" : ": " + model.definition_text) << "\n";
+           << (model.definition_text.empty() ? "" : ": " + VisibleText(model.definition_text)) << "\n";
     }
     out_ << "Simulations:\n";
-    for (const auto& name : project->SimulationNames()) out_ << "  " << name << "\n";
+    for (const auto& name : project->SimulationNames()) out_ << "  " << VisibleText(name) << "\n";
   });
   return kSuccess;
 }

@@ -1,26 +1,25 @@
 #include "zrsim/SimulationCommands.h"
 
 #include <ostream>
+#include <sstream>
 
 #include "zrsim/ArgumentParser.h"
+#include "zrsim/CheckCommand.h"
 #include "zrsim/DefinitionSummary.h"
 #include "zrsim/ExitStatus.h"
 #include "zrsim/PageChecker.h"
 #include "zrsim/UsageError.h"
+#include "zrsim/VisibleText.h"
 
 namespace zrsim {
 
 std::string SimulationCommands::Usage(const std::string& command) {
+  if (command == "check") return CheckCommand::Usage();
   std::string purpose;
-  if (command == "check") {
+  if (command == "normalize") {
     purpose =
-        "Loads the definition into the control, validates every page as a visit of each tab\n"
-        "would, and prints one line per page: \"<page>: OK\" or \"<page>: <the page's message>\".\n"
-        "Exit status: 0 all pages valid, 1 a page failed (or an internal error was reported),\n"
-        "2 a mistake in the arguments or a file that cannot be used.\n";
-  } else if (command == "normalize") {
-    purpose =
-        "Loads the definition into the control and prints the definition the control writes back.\n"
+        "Loads the definition into the control and prints the definition the control writes back,\n"
+        "byte for byte (its CR LF line breaks included), as a host would store it.\n"
         "Exit status: 0 done, 1 the definition could not be written back, 2 arguments or files.\n";
   } else {
     purpose =
@@ -70,23 +69,7 @@ bool SimulationCommands::ReportInternalErrors(ControlSession& session) {
 }
 
 int SimulationCommands::Check(const std::vector<std::string>& words) {
-  ControlSession session;
-  Load("check", words, session);
-  bool failed = ReportInternalErrors(session);
-  std::vector<PageVerdict> verdicts = PageChecker(session).CheckAll();
-  for (const PageVerdict& verdict : verdicts) {
-    if (verdict.valid) {
-      out_ << verdict.page << ": OK\n";
-    } else {
-      failed = true;
-      out_ << verdict.page << ": "
-           << (verdict.message.empty() ? "the check could not be completed (see the error report)"
-                                       : verdict.message)
-           << "\n";
-    }
-  }
-  if (ReportInternalErrors(session)) failed = true;
-  return failed ? kValidationFailed : kSuccess;
+  return CheckCommand(out_, err_, files_).Run(words);
 }
 
 int SimulationCommands::Normalize(const std::vector<std::string>& words) {
@@ -98,8 +81,8 @@ int SimulationCommands::Normalize(const std::vector<std::string>& words) {
     err_ << "zrsim normalize: the definition could not be written back\n";
     return kValidationFailed;
   }
+  // Exactly what a host stores: no line end is added, none is changed.
   out_ << definition;
-  if (definition.back() != '\n') out_ << "\n";
   return failed ? kValidationFailed : kSuccess;
 }
 
@@ -110,7 +93,9 @@ int SimulationCommands::Show(const std::vector<std::string>& words) {
   // Visiting every tab first gives the pages what the control hands over on the way (cluster and
   // covariate information, the Detectability rows), as a person looking at each tab would see them.
   PageChecker(session).CheckAll();
-  DefinitionSummary(session.Control()).Write(out_);
+  std::ostringstream summary;
+  DefinitionSummary(session.Control()).Write(summary);
+  out_ << VisibleLines(summary.str());
   if (ReportInternalErrors(session)) failed = true;
   return failed ? kValidationFailed : kSuccess;
 }

@@ -59,7 +59,7 @@ TEST_F(Cli, CheckNeedsExactlyOneSource) {
   const std::string project = SampleProject();
   Result neither = Run({"check", "--project", project});
   EXPECT_EQ(neither.status, 2);
-  EXPECT_EQ(neither.err, "zrsim check: give exactly one of --simulation NAME and --definition FILE\n");
+  EXPECT_EQ(neither.err, "zrsim check: give exactly one of --simulation NAME, --definition FILE and --all\n");
   Result both = Run({"show", "--project", project, "--simulation", "x", "--definition", "-"});
   EXPECT_EQ(both.status, 2);
   EXPECT_EQ(both.err, "zrsim show: give exactly one of --simulation NAME and --definition FILE\n");

@@ -26,9 +26,25 @@ void CModErrorHandling::ReportInternalError(Platform& platform, const std::strin
   platform.MessageBox(text, "Pellunar Internal Error", MessageIcon::Critical);
 }
 
+namespace {
+
+std::optional<RuntimeError>& LastCheckError() {
+  static std::optional<RuntimeError> error;
+  return error;
+}
+
+}  // namespace
+
+std::optional<RuntimeError> CModErrorHandling::TakeLastCheckError() {
+  std::optional<RuntimeError> error;
+  error.swap(LastCheckError());
+  return error;
+}
+
 bool CModErrorHandling::RunPageChecks(std::string& message, const std::function<std::string()>& first_failure) {
   std::string failure;
-  if (!RunTrapped([&] { failure = first_failure(); }, [](const RuntimeError&) {})) {
+  if (!RunTrapped([&] { failure = first_failure(); },
+                  [](const RuntimeError& error) { LastCheckError() = error; })) {
     message = kUnexpectedCheckMessage;
     return false;
   }

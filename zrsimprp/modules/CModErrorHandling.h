@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 
 #include "zrsimprp/host/Platform.h"
@@ -25,6 +26,9 @@ class CModErrorHandling {
   // pass empties `message`; an error inside the checks replaces `message` with the unexpected-error
   // text and gives false.
   static bool RunPageChecks(std::string& message, const std::function<std::string()>& first_failure);
+  // The error that last interrupted a page's checks, taken once (for reports that explain the
+  // unexpected-error text); the pages' behaviour does not depend on it.
+  static std::optional<RuntimeError> TakeLastCheckError();
 
   // Resets the mouse pointer, beeps and shows the text in a critical-stop box titled
   // "Pellunar Internal Error".

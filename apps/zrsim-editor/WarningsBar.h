@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QFrame>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "zrsimprp/host/ProjectDatabase.h"
+#include "zrsimprp/lint/Finding.h"
+
+class QLabel;
+
+namespace zrsim_editor {
+
+// The line under the tabs that lists what the lint finds in the simulation's definition (the same
+// lines `zrsim check` prints). Advice only: it never blocks OK or Apply, and it is hidden when there
+// is nothing to say.
+class WarningsBar : public QFrame {
+  Q_OBJECT
+
+ public:
+  explicit WarningsBar(QWidget* parent = nullptr);
+
+  // Lints `definition` against `project` and shows the findings.
+  void ShowFindingsFor(std::shared_ptr<zrsimprp::ProjectDatabase> project, const std::string& definition);
+  void ShowFindings(const std::vector<zrsimprp::Finding>& findings);
+
+  // What the bar says (empty when there are no findings), one finding a line.
+  QString Text() const;
+  int FindingCount() const { return count_; }
+
+  // Findings beyond this many are summed up in a last line; all of them are in the tooltip.
+  static constexpr int kShownLines = 4;
+
+ private:
+  QLabel* summary_ = nullptr;
+  QLabel* lines_ = nullptr;
+  int count_ = 0;
+};
+
+}  // namespace zrsim_editor

@@ -1,0 +1,89 @@
+#include <gtest/gtest.h>
+
+#include <QPushButton>
+
+#include "EditorFixture.h"
+#include "projectdb/GeoPackageProject.h"
+#include "zrsim-editor/EditorDocument.h"
+#include "zrsim-editor/EditorWindow.h"
+#include "zrsim-editor/WarningsBar.h"
+#include "zrsimprp/lint/LintCodes.h"
+
+namespace {
+
+using zrsim_editor::EditorDocument;
+using zrsim_editor::EditorWindow;
+using zrsim_editor::WarningsBar;
+
+class WarningsBarTest : public EditorFixture {
+ protected:
+  void SaveDefinition(const std::string& text) {
+    zrsimprp::GeoPackageProject::Open(Sample())->SaveSimulationDefinition("Sample simulation", text);
+  }
+  void OpenWindow() {
+    document_ = EditorDocument::Open(Sample(), "");
+    window_ = std::make_unique<EditorWindow>(*document_);
+    window_->SetMessageSink([this](const std::string& text, const std::string& title) {
+      shown_.push_back(Shown{text, title});
+    });
+    ASSERT_TRUE(window_->Load());
+  }
+
+  std::unique_ptr<EditorDocument> document_;
+  std::unique_ptr<EditorWindow> window_;
+};
+
+TEST_F(WarningsBarTest, CleanSimulationShowsNoBar) {
+  OpenWindow();
+  EXPECT_TRUE(window_->Warnings().isHidden());
+  EXPECT_EQ(window_->Warnings().FindingCount(), 0);
+  EXPECT_TRUE(window_->Warnings().Text().isEmpty());
+}
+
+TEST_F(WarningsBarTest, ShowsTheSameLinesAsCheckForTheOpenSimulation) {
+  SaveDefinition(StoredDefinition() + "Repss=30;\r\n");
+  OpenWindow();
+  WarningsBar& bar = window_->Warnings();
+  EXPECT_FALSE(bar.isHidden());
+  EXPECT_EQ(bar.FindingCount(), 1);
+  EXPECT_EQ(
+      bar.Text().toStdString(),
+      "The saved definition: 0 error(s), 1 warning(s). These are advice; the pages decide what is "
+      "accepted.\n"
+      "ZR101 warning at line 20 (Repss): The entry \"Repss\" is not read by any page, so it is ignored and "
+      "dropped on the next save; the closest known entry is \"Reps\".");
+}
+
+TEST_F(WarningsBarTest, WarningsNeverBlockOkAndAreRefreshedAfterSaving) {
+  SaveDefinition(StoredDefinition() + "Repss=30;\r\n");
+  OpenWindow();
+  ASSERT_EQ(window_->Warnings().FindingCount(), 1);
+  EXPECT_TRUE(window_->Apply());
+  EXPECT_TRUE(shown_.empty());
+  // The control wrote the definition back without the entry no page reads.
+  EXPECT_EQ(StoredDefinition().find("Repss"), std::string::npos);
+  EXPECT_EQ(window_->Warnings().FindingCount(), 0);
+  EXPECT_TRUE(window_->Warnings().isHidden());
+}
+
+TEST_F(WarningsBarTest, LongListsAreCutWithACount) {
+  WarningsBar bar;
+  std::vector<zrsimprp::Finding> findings(WarningsBar::kShownLines + 2);
+  for (zrsimprp::Finding& finding : findings) {
+    finding.code = zrsimprp::lint_code::kUnknownEntry;
+    finding.severity = zrsimprp::Severity::kWarning;
+    finding.sentence = "Something.";
+  }
+  findings[0].severity = zrsimprp::Severity::kError;
+  bar.ShowFindings(findings);
+  EXPECT_FALSE(bar.isHidden());
+  const QStringList lines = bar.Text().split('\n');
+  ASSERT_EQ(lines.size(), WarningsBar::kShownLines + 2);
+  EXPECT_EQ(
+      lines.front().toStdString(),
+      "The saved definition: 1 error(s), 5 warning(s). These are advice; the pages decide what is accepted.");
+  EXPECT_EQ(lines.back().toStdString(), "… and 2 more (see the tooltip)");
+  EXPECT_EQ(bar.toolTip().split('\n').size(), static_cast<int>(findings.size()));
+}
+
+}  // namespace
