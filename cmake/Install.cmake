@@ -108,6 +108,10 @@ if(ZRSIMPRP_BUILD_TESTS AND PROJECT_IS_TOP_LEVEL)
         -P ${PROJECT_SOURCE_DIR}/tests/docs/DocumentedCode.cmake)
     set_tests_properties(Docs.EveryCodeBlockBuildsAgainstTheInstalledPackage PROPERTIES
       TIMEOUT 900 LABELS docs RUN_SERIAL ON)
+    # The extractor and the speed table's script themselves, on fixed input (quick).
+    add_test(NAME Docs.ToolsTurnFixedInputIntoExpectedOutput
+      COMMAND ${CMAKE_COMMAND} -DPYTHON=${Python3_EXECUTABLE} -DSOURCE_DIR=${PROJECT_SOURCE_DIR}
+        -DWORK_DIR=${PROJECT_BINARY_DIR}/docs-tools-test -P ${PROJECT_SOURCE_DIR}/tests/docs/Tools.cmake)
   else()
     message(WARNING "python3 was not found: the documentation's code blocks are not tested")
   endif()

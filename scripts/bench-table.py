@@ -10,13 +10,16 @@ RESULTS_DIR holds one Google Benchmark JSON file per program (bench_NAME.json, w
 ROWS.json is the list of table rows; each row is
     {"label": "what was measured", "figures": [FIGURE, ...], "separator": " / ", "note": "..."}
 and each FIGURE one of
-    {"benchmark": NAME, "unit": "ms"}           CPU time per iteration in ns, us, ms or s
+    {"benchmark": NAME, "unit": "ms"}           CPU time per iteration in ns, us (or µs), ms or s;
+                                                with "clock": "real" the wall (or manual) time,
+                                                with "per": N that time divided by N
     {"benchmark": NAME, "unit": "MB/s"}         bytes per second (SetBytesProcessed) in MB/s or MiB/s
     {"benchmark": NAME, "counter": C}           a user counter, e.g. "strata"
     {"ratio": [A, B]}                           CPU time of A divided by CPU time of B
     {"growth": [A, B], "n": [NA, NB]}           log(time B / time A) / log(NB / NA): 1 is linear
+    {"slope": [A, B], "n": [NA, NB], "unit": U} (time B - time A) / (NB - NA): the cost of one more
     {"measure": NAME, "unit": "ms"}             a line of measures.tsv
-A figure may also have "prefix" (printed before it) and "digits" (decimals; by default 3
+A measure's unit is printed as it is. A figure may also have "prefix" (printed before it) and "digits" (decimals; by default 3
 significant digits). NAME is a benchmark's full name ("BM_LoadAndWriteDefinition/1000"), or
 "PROGRAM:NAME" when two programs use the same name. Figures are joined by the row's separator, then
 the note is appended.
@@ -74,7 +77,7 @@ class Results:
             programs = self.by_name.get(name, set())
             if len(programs) > 1:
                 raise SystemExit(f"bench-table: '{name}' is in {sorted(programs)}; write PROGRAM:{name}")
-            key = f"{programs.pop()}:{name}" if programs else name
+            key = f"{next(iter(programs))}:{name}" if programs else name
         runs = self.runs.get(key, [])
         if not runs:
             raise Missing("not measured")
@@ -91,8 +94,8 @@ class Results:
         middle = statistics.median_low(seconds(run) for run in iterations)
         return next(run for run in iterations if seconds(run) == middle)
 
-    def seconds(self, name):
-        return seconds(self.run(name))
+    def seconds(self, name, clock="cpu"):
+        return seconds(self.run(name), clock)
 
     def measure(self, name):
         value = self.measures.get(name)
@@ -104,9 +107,9 @@ class Results:
             raise Missing("not measured") from None
 
 
-def seconds(run):
-    """CPU time per iteration, in seconds."""
-    return run["cpu_time"] * TIME_UNITS[run.get("time_unit", "ns")]
+def seconds(run, clock="cpu"):
+    """CPU (or real) time per iteration, in seconds."""
+    return run[f"{clock}_time"] * TIME_UNITS[run.get("time_unit", "ns")]
 
 
 def number(value, digits=None):
@@ -128,7 +131,13 @@ def figure(spec, results):
         small, large = (results.seconds(name) for name in spec["growth"])
         n_small, n_large = spec["n"]
         text = number(math.log(large / small) / math.log(n_large / n_small), 2 if digits is None else digits)
-    elif "measure" in spec:
+    elif "slope" in spec:
+        small, large = (results.seconds(name) for name in spec["slope"])
+        n_small, n_large = spec["n"]
+        if unit not in TIME_UNITS:
+            raise SystemExit(f"bench-table: a slope needs a time unit: {spec}")
+        text = number((large - small) / (n_large - n_small) / TIME_UNITS[unit], digits)
+    elif "measure" in spec:  # before the units: a measure's unit is only printed
         text = number(results.measure(spec["measure"]), digits)
     elif "counter" in spec:
         run = results.run(spec["benchmark"])
@@ -141,7 +150,8 @@ def figure(spec, results):
             raise Missing("not measured")
         text = number(run["bytes_per_second"] / RATE_UNITS[unit], digits)
     elif unit in TIME_UNITS:
-        text = number(results.seconds(spec["benchmark"]) / TIME_UNITS[unit], digits)
+        time = results.seconds(spec["benchmark"], spec.get("clock", "cpu")) / spec.get("per", 1)
+        text = number(time / TIME_UNITS[unit], digits)
     else:
         raise SystemExit(f"bench-table: a figure needs a known unit, ratio, growth, measure or counter: {spec}")
     return prefix + text + (f" {unit}" if unit else "")
