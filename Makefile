@@ -70,8 +70,10 @@ bench: deps $(RELEASE_BUILD)/build.ninja
 	cmake --build $(RELEASE_BUILD) -j $(JOBS)
 	bash scripts/run-bench.sh $(RELEASE_BUILD)
 
-package: build
-	cd $(BUILD) && cpack -G DEB
+# The Debian package, from the Release build as a distribution would make it.
+package: deps $(RELEASE_BUILD)/build.ninja
+	cmake --build $(RELEASE_BUILD) -j $(JOBS)
+	cd $(RELEASE_BUILD) && cpack -G DEB
 
 clean:
 	rm -rf $(BUILD) $(ASAN_BUILD) $(FUZZ_BUILD) $(RELEASE_BUILD) out
