@@ -51,7 +51,8 @@ test-sanitize: deps
 # Every libFuzzer target for FUZZ_SECONDS (default 60) each.
 fuzz-smoke: deps
 	CC=clang-14 CXX=clang++-14 cmake -S . -B $(FUZZ_BUILD) -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo \
-	  -DZRSIMPRP_BUILD_FUZZ=ON -DZRSIMPRP_BUILD_WIDGETS=OFF -DZRSIMPRP_BUILD_TESTS=OFF -DZRSIMPRP_BUILD_BENCH=OFF
+	  -DZRSIMPRP_BUILD_FUZZ=ON -DZRSIMPRP_BUILD_WIDGETS=OFF -DZRSIMPRP_BUILD_TESTS=OFF -DZRSIMPRP_BUILD_BENCH=OFF \
+	  $(WERROR) $(LAUNCHER)
 	cmake --build $(FUZZ_BUILD) -j $(JOBS)
 	bash scripts/fuzz-smoke.sh $(FUZZ_BUILD) $${FUZZ_SECONDS:-60}
 
