@@ -13,9 +13,9 @@ using Cli = CliFixture;
 TEST(Version, IsTheProjectsMajorMinorPatch) {
   EXPECT_TRUE(std::regex_match(std::string(zrsimprp::kVersion), std::regex(R"(\d+\.\d+\.\d+)")))
       << zrsimprp::kVersion;
-  EXPECT_EQ(std::string(zrsimprp::kVersion),
-            std::to_string(ZRSIMPRP_VERSION_MAJOR) + "." + std::to_string(ZRSIMPRP_VERSION_MINOR) + "." +
-                std::to_string(ZRSIMPRP_VERSION_PATCH));
+  EXPECT_EQ(std::string(zrsimprp::kVersion), std::to_string(ZRSIMPRP_VERSION_MAJOR) + "." +
+                                                 std::to_string(ZRSIMPRP_VERSION_MINOR) + "." +
+                                                 std::to_string(ZRSIMPRP_VERSION_PATCH));
 }
 
 TEST_F(Cli, VersionPrintsTheProgramAndItsVersionAndSucceeds) {
