@@ -128,7 +128,9 @@ class TextTableModel : public QAbstractTableModel {
         fixed_back_(palette.color(QPalette::Button)),
         fixed_fore_(palette.color(QPalette::ButtonText)),
         back_(palette.color(QPalette::Base)),
-        fore_(palette.color(QPalette::Text)) {}
+        fore_(palette.color(QPalette::Text)),
+        disabled_fixed_fore_(palette.color(QPalette::Disabled, QPalette::ButtonText)),
+        disabled_fore_(palette.color(QPalette::Disabled, QPalette::Text)) {}
 
   void SetText(int row, int col, const QString& text, Qt::Alignment alignment) {
     texts_[Cell(row, col)] = text;
@@ -154,6 +156,9 @@ class TextTableModel : public QAbstractTableModel {
       case Qt::BackgroundRole:
         return fixed ? fixed_back_ : back_;
       case Qt::ForegroundRole:
+        // A disabled table's text is greyed like any other disabled control's: the item delegate
+        // paints the model's colour in every state, so the model must give the disabled one.
+        if (!enabled_) return fixed ? disabled_fixed_fore_ : disabled_fore_;
         return fixed ? fixed_fore_ : fore_;
       case Qt::TextAlignmentRole:
         return static_cast<int>(alignments_[cell]);
@@ -186,6 +191,8 @@ class TextTableModel : public QAbstractTableModel {
   QColor fixed_fore_;
   QColor back_;
   QColor fore_;
+  QColor disabled_fixed_fore_;
+  QColor disabled_fore_;
 };
 
 constexpr Qt::Alignment kLeft = Qt::AlignLeft | Qt::AlignVCenter;

@@ -36,6 +36,8 @@ foreach(folder IN LISTS header_folders)
             COMPONENT development FILES_MATCHING PATTERN "*.h")
   endif()
 endforeach()
+install(FILES ${PROJECT_BINARY_DIR}/generated/zrsimprp/Version.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/zrsimprp
+        COMPONENT development)
 if(ZRSIMPRP_HAS_PROJECTDB)
   install(DIRECTORY ${PROJECT_SOURCE_DIR}/projectdb DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}
           COMPONENT development FILES_MATCHING PATTERN "*.h" PATTERN "tools" EXCLUDE)
@@ -46,6 +48,13 @@ foreach(program zrsim zrsim-editor)
     install(TARGETS ${program} RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT applications)
   endif()
 endforeach()
+# The editor in a desktop's application menu.
+if(TARGET zrsim-editor)
+  install(FILES ${PROJECT_SOURCE_DIR}/packaging/zrsim-editor.desktop
+          DESTINATION ${CMAKE_INSTALL_DATADIR}/applications COMPONENT applications)
+  install(FILES ${PROJECT_SOURCE_DIR}/packaging/zrsim-editor.svg
+          DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps COMPONENT applications)
+endif()
 if(DEFINED ZRSIMPRP_SAMPLE_PROJECT AND TARGET zrsimprp_sample_project)
   install(FILES ${ZRSIMPRP_SAMPLE_PROJECT} DESTINATION ${CMAKE_INSTALL_DATADIR}/zrsimprp
           RENAME sample.gpkg COMPONENT applications)
@@ -82,6 +91,53 @@ if(ZRSIMPRP_BUILD_TESTS AND PROJECT_IS_TOP_LEVEL)
       -P ${PROJECT_SOURCE_DIR}/tests/install/InstallAndConsume.cmake)
   set_tests_properties(Install.ConsumerBuildsAgainstTheInstalledPackage PROPERTIES
     TIMEOUT 900 ENVIRONMENT "QT_QPA_PLATFORM=offscreen" RUN_SERIAL ON)
+
+  # Every C++ and CMake block of the documentation, built against the installed package.
+  find_package(Python3 COMPONENTS Interpreter)
+  if(Python3_Interpreter_FOUND)
+    add_test(NAME Docs.EveryCodeBlockBuildsAgainstTheInstalledPackage
+      COMMAND ${CMAKE_COMMAND}
+        -DBUILD_DIR=${PROJECT_BINARY_DIR}
+        -DWORK_DIR=${PROJECT_BINARY_DIR}/docs-test
+        -DSOURCE_DIR=${PROJECT_SOURCE_DIR}
+        -DGENERATOR=${CMAKE_GENERATOR}
+        -DCXX_COMPILER=${CMAKE_CXX_COMPILER}
+        -DPYTHON=${Python3_EXECUTABLE}
+        -DWERROR=${ZRSIMPRP_WARNINGS_AS_ERRORS}
+        -DSANITIZE=${ZRSIMPRP_SANITIZE}
+        -P ${PROJECT_SOURCE_DIR}/tests/docs/DocumentedCode.cmake)
+    set_tests_properties(Docs.EveryCodeBlockBuildsAgainstTheInstalledPackage PROPERTIES
+      TIMEOUT 900 LABELS docs RUN_SERIAL ON)
+    # The extractor and the speed table's script themselves, on fixed input (quick).
+    add_test(NAME Docs.ToolsTurnFixedInputIntoExpectedOutput
+      COMMAND ${CMAKE_COMMAND} -DPYTHON=${Python3_EXECUTABLE} -DSOURCE_DIR=${PROJECT_SOURCE_DIR}
+        -DWORK_DIR=${PROJECT_BINARY_DIR}/docs-tools-test -P ${PROJECT_SOURCE_DIR}/tests/docs/Tools.cmake)
+  else()
+    message(WARNING "python3 was not found: the documentation's code blocks are not tested")
+  endif()
+
+  # The Debian package: its contents and dependencies, and a host built against it unpacked.
+  find_program(ZRSIMPRP_DPKG_DEB dpkg-deb)
+  find_program(ZRSIMPRP_DPKG_SHLIBDEPS dpkg-shlibdeps)
+  if(ZRSIMPRP_DPKG_DEB AND ZRSIMPRP_DPKG_SHLIBDEPS)
+    add_test(NAME Package.DebianPackageInstallsWhereDebianExpects
+      COMMAND ${CMAKE_COMMAND}
+        -DBUILD_DIR=${PROJECT_BINARY_DIR}
+        -DWORK_DIR=${PROJECT_BINARY_DIR}/package-test
+        -DCONSUMER_DIR=${PROJECT_SOURCE_DIR}/tests/install/consumer
+        -DGENERATOR=${CMAKE_GENERATOR}
+        -DCXX_COMPILER=${CMAKE_CXX_COMPILER}
+        -DSANITIZE=${ZRSIMPRP_SANITIZE}
+        -DVERSION=${PROJECT_VERSION}
+        -DLIBDIR=${CMAKE_INSTALL_LIBDIR}
+        -DHAS_WIDGETS=${ZRSIMPRP_HAS_WIDGETS}
+        -DHAS_DESIGNER=$<TARGET_EXISTS:zrsimprp_designer>
+        -P ${PROJECT_SOURCE_DIR}/tests/install/DebianPackage.cmake)
+    set_tests_properties(Package.DebianPackageInstallsWhereDebianExpects PROPERTIES
+      TIMEOUT 1200 LABELS package ENVIRONMENT "QT_QPA_PLATFORM=offscreen" RUN_SERIAL ON)
+  else()
+    message(WARNING "dpkg-deb or dpkg-shlibdeps (dpkg-dev) was not found: the Debian package is not tested")
+  endif()
 endif()
 
 # `make package`: a Debian package of the programs, the libraries, headers and CMake package.
@@ -98,10 +154,13 @@ set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_MAINTAINER "ZrSIMPrp developers <zrsimprp@localhost>")
 set(CPACK_DEBIAN_PACKAGE_SECTION science)
-set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS OFF)
-set(zrsimprp_package_depends "libsqlite3-0, libstdc++6")
+# The programs' and the plugin's shared libraries give the dependencies (dpkg-shlibdeps, in dpkg-dev).
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+set(CPACK_STRIP_FILES ON)
+# A host building against the headers and static libraries needs what the CMake package finds.
+set(zrsimprp_package_recommends "cmake, g++, libsqlite3-dev")
 if(ZRSIMPRP_HAS_WIDGETS)
-  string(APPEND zrsimprp_package_depends ", libqt6widgets6, libqt6charts6, libqt6gui6, libqt6core6")
+  string(APPEND zrsimprp_package_recommends ", qt6-base-dev, qt6-charts-dev")
 endif()
-set(CPACK_DEBIAN_PACKAGE_DEPENDS "${zrsimprp_package_depends}")
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "${zrsimprp_package_recommends}")
 include(CPack)

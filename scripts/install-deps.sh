@@ -10,6 +10,7 @@ packages=(
   libmuparser-dev
   fonts-dejavu-core xvfb xauth xdotool
   gdal-bin python3-gdal sqlite3 dpkg-dev
+  python3
 )
 
 missing=()

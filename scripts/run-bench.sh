@@ -1,14 +1,16 @@
 #!/usr/bin/env bash
-# Runs every benchmark program of a build and prints its table, then measures the editor's start-up
-# (scripts/bench-editor.sh), and ends with a short table of the headline figures.
+# Runs every benchmark program of a build to the end, then measures the editor's start-up
+# (scripts/bench-editor.sh), and prints the README's speed table from this one run
+# (scripts/bench-table.py with the rows of bench/readme-table.json). The run's JSON files stay in
+# BUILD_DIR/bench-results.
 #   usage: scripts/run-bench.sh BUILD_DIR
+# Fails when a program fails or the table misses a figure.
 set -euo pipefail
 build=${1:?usage: scripts/run-bench.sh BUILD_DIR}
 here=$(cd "$(dirname "$0")" && pwd)
-logs=$(mktemp -d)
-trap 'rm -rf "$logs"' EXIT
-summary="$logs/summary.tsv"
-: >"$summary"
+results="$build/bench-results"
+rm -rf "$results"
+mkdir -p "$results"
 status=0
 ran=0
 failed=()
@@ -18,8 +20,8 @@ for program in "$build"/bench/bench_*; do
   name=$(basename "$program")
   echo "== $name"
   ran=$((ran + 1))
-  if ! QT_QPA_PLATFORM=${QT_QPA_PLATFORM:-offscreen} "$program" --benchmark_min_time=0.2 2>&1 |
-    tee "$logs/$name.log"; then
+  if ! QT_QPA_PLATFORM=${QT_QPA_PLATFORM:-offscreen} "$program" --benchmark_min_time=0.2 \
+    --benchmark_out="$results/$name.json" --benchmark_out_format=json 2>&1 | tee "$results/$name.log"; then
     failed+=("$name")
     status=1
   fi
@@ -28,7 +30,7 @@ done
 
 echo "== editor start-up"
 if [ -x "$build/apps/zrsim-editor/zrsim-editor" ]; then
-  if ! BENCH_SUMMARY="$summary" bash "$here/bench-editor.sh" "$build"; then
+  if ! BENCH_SUMMARY="$results/measures.tsv" bash "$here/bench-editor.sh" "$build"; then
     failed+=("bench-editor.sh")
     status=1
   fi
@@ -37,24 +39,11 @@ else
 fi
 echo
 
-# What follows `pattern` on the last line of a program's log that matches it; "not measured" when none.
-figure() {
-  local log="$logs/$1.log" pattern=$2
-  local line=""
-  [ -f "$log" ] && line=$(grep -E "$pattern" "$log" | tail -n 1 || true)
-  if [ -n "$line" ]; then
-    echo "$line" | sed -E "s|.*$pattern||"
-  else
-    echo "not measured"
-  fi
-}
-
-echo "== Headline figures"
-{
-  printf 'Qt widget / floor, 1,000 strata, every tab\t%s\n' "$(figure bench_qt_widget_floor 'widget/floor: ')"
-  printf 'Definition load+write growth 100 -> 10,000 strata\t%s\n' \
-    "$(figure bench_e2e_headless 'process time\): .*growth exponent 100 -> 10000 strata: ')"
-  cat "$summary"
-  printf 'Benchmark programs run\t%d, failed: %s\n' "$ran" "${failed[*]:-none}"
-} | awk -F '\t' '{ printf "  %-52s %s\n", $1, $2 }'
+echo "== The README's speed table (CPU time unless the row says otherwise), from this run"
+if ! python3 "$here/bench-table.py" "$here/../bench/readme-table.json" "$results"; then
+  failed+=("bench-table.py: a figure is missing")
+  status=1
+fi
+echo
+echo "Benchmark programs run: $ran, failed: ${failed[*]:-none}"
 exit $status

@@ -13,6 +13,7 @@
 #include "zrsim-editor/FirstFrameProbe.h"
 #include "zrsim-editor/ProcessClock.h"
 #include "zrsim-editor/ScreenshotWriter.h"
+#include "zrsimprp/Version.h"
 
 namespace zrsim_editor {
 
@@ -50,6 +51,10 @@ int EditorApplication::Main(int& argc, char** argv, const std::vector<std::strin
   }
   if (options.help) {
     std::cout << EditorArguments::Usage();
+    return 0;
+  }
+  if (options.version) {
+    std::cout << "zrsim-editor " << zrsimprp::kVersion << "\n";
     return 0;
   }
   // Screenshots never need a screen; without one, an interactive start would only abort in Qt.

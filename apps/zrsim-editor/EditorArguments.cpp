@@ -1,5 +1,6 @@
 #include "zrsim-editor/EditorArguments.h"
 
+#include <algorithm>
 #include <filesystem>
 
 #include "zrsim-editor/EditorError.h"
@@ -21,6 +22,7 @@ std::string EditorArguments::Usage() {
          "                     show the form, print the milliseconds from the start of the process to\n"
          "                     the window's first frame, and exit\n"
          "  --help             this text\n"
+         "  --version          the version of the editor\n"
          "\n"
          "Exit status: 0 done, 2 a mistake in the arguments or a project that cannot be used.\n";
 }
@@ -29,6 +31,10 @@ EditorOptions EditorArguments::Parse(const std::vector<std::string>& words) {
   EditorOptions options;
   if (zrsim::ArgumentParser::AsksForHelp(words)) {
     options.help = true;
+    return options;
+  }
+  if (std::find(words.begin(), words.end(), "--version") != words.end()) {
+    options.version = true;
     return options;
   }
   zrsim::ParsedArguments parsed;

@@ -7,6 +7,7 @@ namespace zrsim_editor {
 // What the command line asked of the editor.
 struct EditorOptions {
   bool help = false;
+  bool version = false;
   std::string project;                  // "" for the default sample project
   std::string simulation;               // "" for the project's first simulation
   std::string screenshot_dir;           // "" for the interactive window

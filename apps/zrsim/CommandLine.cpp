@@ -10,6 +10,7 @@
 #include "zrsim/SimulationCommands.h"
 #include "zrsim/UsageError.h"
 #include "zrsim/VisibleText.h"
+#include "zrsimprp/Version.h"
 #include "zrsimprp/host/RuntimeError.h"
 
 namespace zrsim {
@@ -27,7 +28,7 @@ std::string CommandLine::Usage() {
          "  project    create the sample project, list a project, add layers, designs, surveys,\n"
          "             data filters, model definitions and simulations\n"
          "\n"
-         "Run 'zrsim COMMAND --help' for the options of a command.\n"
+         "Run 'zrsim COMMAND --help' for the options of a command, 'zrsim --version' for the version.\n"
          "Exit status: 0 success, 1 a page failed validation (check: or an error finding), 2 a\n"
          "mistake in the arguments, a file that cannot be used or a text that is not a definition,\n"
          "3 check --strict found warnings only.\n";
@@ -56,6 +57,10 @@ int CommandLine::Dispatch(const std::vector<std::string>& words) {
   std::vector<std::string> rest(words.begin() + 1, words.end());
   if (command == "--help" || command == "-h" || command == "help") {
     out_ << Usage();
+    return kSuccess;
+  }
+  if (command == "--version") {
+    out_ << "zrsim " << zrsimprp::kVersion << "\n";
     return kSuccess;
   }
   InputFiles files(in_);
