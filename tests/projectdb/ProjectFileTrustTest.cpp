@@ -269,6 +269,24 @@ TEST(ProjectConcurrency, ALongLockIsOneClearSentenceAndChangesNothing) {
   EXPECT_EQ(project->DataFilterList().size(), 0u);
 }
 
+TEST(ProjectConcurrency, AFileHeldExclusivelyByAnotherWriterCannotBeOpenedAndIsUnchanged) {
+  TempFolder folder;
+  const std::string path = folder.File("p.gpkg");
+  testing::MakeSmallProject(path);
+  sqlite3* other = nullptr;
+  ASSERT_EQ(sqlite3_open(path.c_str(), &other), SQLITE_OK);
+  ASSERT_EQ(sqlite3_exec(other, "BEGIN EXCLUSIVE", nullptr, nullptr, nullptr), SQLITE_OK);
+  const std::string before = ReadBytes(path);
+  GeoPackageProject::OpenOptions options;
+  options.busy_timeout_ms = 100;
+  const RuntimeError error = CaptureError([&] { GeoPackageProject::Open(path, options); });
+  EXPECT_EQ(error.description,
+            "The project file '" + path + "' could not be read: another program is using the file.");
+  sqlite3_exec(other, "ROLLBACK", nullptr, nullptr, nullptr);
+  sqlite3_close(other);
+  EXPECT_EQ(ReadBytes(path), before);
+}
+
 TEST(ProjectReadOnly, AReadOnlyProjectReadsAndRefusesChanges) {
   TempFolder folder;
   const std::string path = folder.File("p.gpkg");
