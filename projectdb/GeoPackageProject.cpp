@@ -506,7 +506,9 @@ int32_t GeoPackageProject::ImportLayer(const std::string& from_gpkg, const std::
           already = already || TextEquals(name_copied, column->name);
         if (already) continue;
         copied.push_back(column->name);
-        create += ", " + Quote(column->name) + " " + column->type;
+        // GeoPackage readers need a declared type; an untyped field is read as text.
+        create +=
+            ", " + Quote(column->name) + " " + (column->type.empty() ? std::string("TEXT") : column->type);
       }
       connection_->Execute(create + ")");
       if (!TextEquals(id->name, info.PrimaryKey())) {

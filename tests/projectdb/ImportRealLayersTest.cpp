@@ -236,5 +236,27 @@ TEST_F(ImportRealLayersTest, ASpatialReferenceNumberTakenByAnotherSystemIsRefuse
   EXPECT_EQ(QueryInteger(path, "SELECT count(*) FROM gpkg_contents WHERE data_type = 'features'"), 0);
 }
 
+TEST_F(ImportRealLayersTest, AnUntypedFieldIsImportedAsTextSoEveryColumnHasADeclaredType) {
+  const std::string source = folder_.File("hand.gpkg");
+  HandWrittenLayer written(source);
+  RunSql(source,
+         "ALTER TABLE \"odd\"\"name.v2\" ADD COLUMN label; UPDATE \"odd\"\"name.v2\" SET label = 'Plot ' || "
+         "code");
+  const std::string path = folder_.File("p.gpkg");
+  auto project = GeoPackageProject::Create(path);
+  project->ImportLayer(source, "odd\"name.v2", "code", "label", "Site", 1, "");
+  const auto rows = project->Companion()->LayerByName("Site")->GetRows("label", 0, 1);
+  ASSERT_TRUE(rows.has_value());
+  EXPECT_EQ((*rows)[0][1], Variant(std::string("Plot 2")));
+  project.reset();
+  const std::string table = Column(path, "SELECT table_name FROM zrsim_layers").at(0);
+  EXPECT_EQ(Column(path, "SELECT type FROM pragma_table_info('" + table + "') WHERE name = 'label'"),
+            std::vector<std::string>{"TEXT"});
+  // The hand-written geometries are copied byte for byte, odd as they are; the columns must pass.
+  if (geopackage_validator::ValidatorCommand().empty()) GTEST_SKIP() << "python3-gdal is not installed";
+  const geopackage_validator::Outcome validated = geopackage_validator::Validate(path);
+  EXPECT_EQ(validated.output.find("Req 5:"), std::string::npos) << validated.output;
+}
+
 }  // namespace
 }  // namespace zrsimprp
