@@ -36,7 +36,7 @@ FeatureTableInfo FeatureTableInfo::Inspect(SqliteConnection& connection, const s
 
   if (connection.TableExists("gpkg_geometry_columns")) {
     SqliteStatement geometry = connection.Prepare(
-        "SELECT column_name, geometry_type_name, srs_id FROM gpkg_geometry_columns "
+        "SELECT column_name, geometry_type_name, srs_id, z, m FROM gpkg_geometry_columns "
         "WHERE table_name = ?1 COLLATE NOCASE");
     geometry.Bind(1, info.name_);
     if (geometry.Step()) {
@@ -44,6 +44,10 @@ FeatureTableInfo FeatureTableInfo::Inspect(SqliteConnection& connection, const s
       info.geometry_type_ = geometry.Text(1);
       const int64_t srs_id = geometry.Int64(2);
       info.srs_id_ = srs_id >= INT32_MIN && srs_id <= INT32_MAX ? static_cast<int32_t>(srs_id) : -1;
+      const int64_t z = geometry.Int64(3);
+      const int64_t m = geometry.Int64(4);
+      info.z_ = z >= 0 && z <= 2 ? static_cast<int32_t>(z) : 0;
+      info.m_ = m >= 0 && m <= 2 ? static_cast<int32_t>(m) : 0;
     }
   }
   return info;

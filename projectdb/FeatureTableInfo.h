@@ -27,6 +27,9 @@ class FeatureTableInfo {
   const std::string& GeometryColumn() const { return geometry_column_; }
   const std::string& GeometryType() const { return geometry_type_; }
   int32_t SrsId() const { return srs_id_; }
+  // gpkg_geometry_columns' z and m: 0 none, 1 present, 2 optional.
+  int32_t Z() const { return z_; }
+  int32_t M() const { return m_; }
   bool IsView() const { return is_view_; }
 
   // The column whose name matches (case ignored), or nullptr.
@@ -39,6 +42,8 @@ class FeatureTableInfo {
   std::string geometry_column_;
   std::string geometry_type_;
   int32_t srs_id_ = -1;
+  int32_t z_ = 0;
+  int32_t m_ = 0;
   bool is_view_ = false;
 };
 

@@ -4,16 +4,16 @@
 #include <memory>
 #include <optional>
 #include <string>
-#include <unordered_map>
 #include <vector>
 
-#include "projectdb/FeatureTableInfo.h"
 #include "projectdb/GeoPackageProject.h"
+#include "projectdb/ProjectLayerSnapshot.h"
 #include "zrsimprp/host/Layer.h"
 
 namespace zrsimprp {
 
-// A polygon layer of a project file: a row of the project's layer table and the feature table it names.
+// A polygon layer of a project file: a row of the project's layer table and the feature table it names,
+// as the project last read them.
 class ProjectLayer : public Layer {
  public:
   // The layer of that name (case ignored); RuntimeError (source "SQLite") when the project has none or
@@ -21,8 +21,8 @@ class ProjectLayer : public Layer {
   static std::shared_ptr<ProjectLayer> Load(const std::shared_ptr<GeoPackageProject>& project,
                                             const std::string& name);
 
-  std::string Name() override { return info_.name; }
-  int32_t Kind() override { return info_.kind; }
+  std::string Name() override { return snapshot_->Info().name; }
+  int32_t Kind() override { return snapshot_->Info().kind; }
   std::shared_ptr<Layer> Parent(const std::string& arg) override;
   std::shared_ptr<zrsimprp::AttributeTable> AttributeTable() override;
   std::optional<std::vector<std::vector<Variant>>> GetRows(const std::string& fields, int32_t a,
@@ -30,22 +30,17 @@ class ProjectLayer : public Layer {
   std::shared_ptr<Feature> FeatureByID(const Variant& id) override;
 
  private:
-  ProjectLayer(std::shared_ptr<GeoPackageProject> project, GeoPackageProject::LayerInfo info,
-               FeatureTableInfo table);
+  ProjectLayer(std::shared_ptr<GeoPackageProject> project, std::shared_ptr<ProjectLayerSnapshot> snapshot)
+      : project_(std::move(project)), snapshot_(std::move(snapshot)) {}
 
+  const GeoPackageProject::LayerInfo& Info() const { return snapshot_->Info(); }
+  const FeatureTableInfo& Table() const { return snapshot_->Table(); }
   std::string IdColumn() const;
   std::string ColumnFor(const std::string& field) const;
-  bool IdColumnIndexed();
-  std::shared_ptr<Feature> FeatureFromIndex(const Variant& id);
-  std::shared_ptr<Feature> FeatureFromCache(const Variant& id);
   [[noreturn]] void NoSuchFeature(const Variant& id) const;
 
   std::shared_ptr<GeoPackageProject> project_;
-  GeoPackageProject::LayerInfo info_;
-  FeatureTableInfo table_;
-  std::optional<bool> id_indexed_;
-  // Identifier text -> row, built once for tables whose identifier column has no index.
-  std::optional<std::unordered_map<std::string, int64_t>> id_cache_;
+  std::shared_ptr<ProjectLayerSnapshot> snapshot_;
 };
 
 }  // namespace zrsimprp

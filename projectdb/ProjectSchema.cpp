@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "projectdb/SettingValueText.h"
 #include "projectdb/SqliteConnection.h"
 #include "projectdb/SqliteStatement.h"
 #include "zrsimprp/host/Conversions.h"
@@ -17,6 +18,7 @@ struct ColumnSpec {
   const char* name;
   const char* type;  // the declared type, checked on open
   const char* constraints;
+  const char* old_type = nullptr;  // the type a file of format 1 declares instead, if it differs
 };
 
 struct TableSpec {
@@ -83,7 +85,7 @@ const std::vector<TableSpec>& ProjectTables() {
         {"selector_a", "INTEGER", "NOT NULL DEFAULT 0"},
         {"selector_b", "INTEGER", "NOT NULL DEFAULT 0"},
         {"value_type", "TEXT", "NOT NULL"},
-        {"value", "", ""}},
+        {"value", "TEXT", "", ""}},
        ", UNIQUE (section, key)"},
       {ProjectSchema::kEngineDefaultsTable,
        "ZrSIM engine defaults",
@@ -178,7 +180,8 @@ void VerifyTable(SqliteConnection& connection, const TableSpec& table) {
     const std::string where =
         "the column '" + std::string(column.name) + "' of its table '" + table.name + "'";
     if (found == present.end()) Damaged(connection, where + " is missing.");
-    if (!TextEquals(found->second, column.type)) {
+    const bool old_format = column.old_type != nullptr && TextEquals(found->second, column.old_type);
+    if (!TextEquals(found->second, column.type) && !old_format) {
       const std::string declared = found->second.empty() ? "no type" : "the type " + found->second;
       const std::string expected = *column.type ? std::string(column.type) : std::string("no type");
       Damaged(connection, where + " has " + declared + " where " + expected + " is expected.");
@@ -186,7 +189,7 @@ void VerifyTable(SqliteConnection& connection, const TableSpec& table) {
   }
 }
 
-void VerifyFormatVersion(SqliteConnection& connection) {
+int VerifyFormatVersion(SqliteConnection& connection) {
   SqliteStatement statement =
       connection.Prepare(std::string("SELECT max(format_version) FROM ") + ProjectSchema::kProjectTable);
   const int32_t version = statement.Step() ? statement.RequireInt32(0, "the project's format version") : 0;
@@ -196,6 +199,55 @@ void VerifyFormatVersion(SqliteConnection& connection) {
                            "' was written by a newer version (format " + std::to_string(version) +
                            ") and cannot be opened.");
   }
+  return version;
+}
+
+const TableSpec& SettingsTable() {
+  for (const TableSpec& table : ProjectTables()) {
+    if (std::string(table.name) == ProjectSchema::kSettingsTable) return table;
+  }
+  throw RuntimeError(error_number::kInvalidProcedureCall, "SQLite", "The settings table is not described.");
+}
+
+bool SettingsValueIsText(SqliteConnection& connection) {
+  SqliteStatement column = connection.Prepare("SELECT type FROM pragma_table_info(?1) WHERE name = 'value'");
+  column.Bind(1, std::string(ProjectSchema::kSettingsTable));
+  return column.Step() && TextEquals(column.Text(0), "TEXT");
+}
+
+// Format 1 kept setting values untyped; they are rewritten as text beside their type name. The table
+// keeps its name, so its gpkg_contents row stays valid.
+void UpgradeSettingsToText(SqliteConnection& connection) {
+  const std::string settings = ProjectSchema::kSettingsTable;
+  const std::string old_name = settings + "_format1";
+  connection.Execute("ALTER TABLE " + SqliteConnection::QuoteIdentifier(settings) + " RENAME TO " +
+                     SqliteConnection::QuoteIdentifier(old_name));
+  connection.Execute(CreateTableSql(SettingsTable()));
+  SqliteStatement rows = connection.Prepare(
+      "SELECT fid, section, key, selector_a, selector_b, value_type, value"
+      " FROM " +
+      SqliteConnection::QuoteIdentifier(old_name));
+  SqliteStatement insert = connection.Prepare(
+      "INSERT INTO " + SqliteConnection::QuoteIdentifier(settings) +
+      " (fid, section, key, selector_a, selector_b, value_type, value) VALUES (?1, ?2, ?3, ?4, ?5, ?6, ?7)");
+  while (rows.Step()) {
+    const std::string type = rows.Text(5);
+    insert.Bind(1, rows.Int64(0)).Bind(2, rows.Text(1)).Bind(3, rows.Text(2));
+    insert.Bind(4, rows.Int64(3)).Bind(5, rows.Int64(4)).Bind(6, type);
+    const std::optional<Variant> value = SettingValueText::Decode(type, rows, 6);
+    // A value that does not match its type is kept as its text, so that reading it still reports it.
+    const std::optional<std::string> text =
+        value ? SettingValueText::Encode(*value) : std::optional<std::string>(rows.Text(6));
+    if (text && !(value && IsNull(*value))) {
+      insert.Bind(7, *text);
+    } else {
+      insert.BindNull(7);
+    }
+    insert.Run();
+    insert.Reset();
+  }
+  connection.Execute("DROP TABLE " + SqliteConnection::QuoteIdentifier(old_name));
+  ProjectSchema::Touch(connection, settings);
 }
 
 }  // namespace
@@ -213,7 +265,7 @@ void ProjectSchema::Create(SqliteConnection& connection) {
   insert.Bind(1, static_cast<int64_t>(kFormatVersion)).Run();
 }
 
-void ProjectSchema::Verify(SqliteConnection& connection) {
+int ProjectSchema::Verify(SqliteConnection& connection) {
   VerifyGeoPackage(connection);
   if (!connection.TableExists(kProjectTable)) {
     throw RuntimeError(error_number::kInvalidProcedureCall, "SQLite",
@@ -221,7 +273,16 @@ void ProjectSchema::Verify(SqliteConnection& connection) {
                            "' is a GeoPackage but not a project file: it holds no project tables.");
   }
   for (const TableSpec& table : ProjectTables()) VerifyTable(connection, table);
-  VerifyFormatVersion(connection);
+  return VerifyFormatVersion(connection);
+}
+
+void ProjectSchema::Upgrade(SqliteConnection& connection, int from_version) {
+  if (from_version >= kFormatVersion) return;
+  if (!SettingsValueIsText(connection)) UpgradeSettingsToText(connection);
+  SqliteStatement update =
+      connection.Prepare(std::string("UPDATE ") + kProjectTable + " SET format_version = ?1");
+  update.Bind(1, static_cast<int64_t>(kFormatVersion)).Run();
+  Touch(connection, kProjectTable);
 }
 
 void ProjectSchema::RegisterContents(SqliteConnection& connection, const std::string& table,

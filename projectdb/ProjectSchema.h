@@ -10,7 +10,9 @@ class SqliteConnection;
 // The tables of a project file: the GeoPackage core tables and the project's attribute tables.
 class ProjectSchema {
  public:
-  static constexpr int kFormatVersion = 1;
+  // 1: settings values in an untyped column (refused by GeoPackage validators); 2: values as TEXT
+  // beside their type name. A file of format 1 is read as it is and upgraded by its first write.
+  static constexpr int kFormatVersion = 2;
   static constexpr int kApplicationIdGpkg = 0x47504B47;  // "GPKG"
   static constexpr int kApplicationIdGp10 = 0x47503130;  // "GP10"
   static constexpr int kApplicationIdGp11 = 0x47503131;  // "GP11"
@@ -31,7 +33,11 @@ class ProjectSchema {
 
   // Raises a RuntimeError (source "SQLite") saying what is wrong when the open file is not a
   // GeoPackage, not a project, or a project with a missing or mistyped table.
-  static void Verify(SqliteConnection& connection);
+  // Returns the file's format version.
+  static int Verify(SqliteConnection& connection);
+
+  // Brings a file of an older format to kFormatVersion, inside the caller's write transaction.
+  static void Upgrade(SqliteConnection& connection, int from_version);
 
   // Raises a RuntimeError (source "SQLite") when the open file is not a GeoPackage of any version.
   static void VerifyGeoPackage(SqliteConnection& connection);

@@ -2,6 +2,8 @@
 
 #include <sqlite3.h>
 
+#include <unordered_map>
+
 #include "projectdb/SqliteStatement.h"
 #include "zrsimprp/host/RuntimeError.h"
 
@@ -14,8 +16,18 @@ constexpr int kStepsPerProgressCall = 1000;
 
 }  // namespace
 
+struct SqliteConnection::StatementCache {
+  std::unordered_map<std::string, std::unique_ptr<SqliteStatement>> by_sql;
+};
+
+SqliteConnection::Reused::~Reused() {
+  if (statement_ != nullptr) statement_->Reset();
+}
+
 SqliteConnection::SqliteConnection(const std::string& path, int flags, const Limits& limits)
-    : path_(path), step_budget_calls_(limits.statement_step_limit / kStepsPerProgressCall + 1) {
+    : path_(path),
+      step_budget_calls_(limits.statement_step_limit / kStepsPerProgressCall + 1),
+      statements_(std::make_unique<StatementCache>()) {
   const int code = sqlite3_open_v2(path.c_str(), &db_, flags, nullptr);
   if (code != SQLITE_OK) {
     const std::string message = db_ ? sqlite3_errmsg(db_) : sqlite3_errstr(code);
@@ -34,7 +46,10 @@ SqliteConnection::SqliteConnection(const std::string& path, int flags, const Lim
   sqlite3_limit(db_, SQLITE_LIMIT_LENGTH, 256 * 1024 * 1024);
 }
 
-SqliteConnection::~SqliteConnection() { sqlite3_close_v2(db_); }
+SqliteConnection::~SqliteConnection() {
+  statements_.reset();
+  sqlite3_close_v2(db_);
+}
 
 int SqliteConnection::OnProgress(void* self) {
   auto* connection = static_cast<SqliteConnection*>(self);
@@ -79,6 +94,19 @@ bool SqliteConnection::TableExists(const std::string& table) {
 }
 
 int64_t SqliteConnection::Changes() { return sqlite3_changes(db_); }
+
+bool SqliteConnection::IsReadOnly() { return sqlite3_db_readonly(db_, "main") == 1; }
+
+int64_t SqliteConnection::DataVersion() {
+  Reused statement = Reuse("PRAGMA data_version");
+  return statement->Step() ? statement->Int64(0) : 0;
+}
+
+SqliteConnection::Reused SqliteConnection::Reuse(const std::string& sql) {
+  std::unique_ptr<SqliteStatement>& slot = statements_->by_sql[sql];
+  if (!slot) slot = std::make_unique<SqliteStatement>(Prepare(sql));
+  return Reused(*slot);
+}
 
 std::string SqliteConnection::QuoteIdentifier(const std::string& identifier) {
   std::string quoted = "\"";

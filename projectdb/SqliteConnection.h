@@ -32,6 +32,15 @@ class SqliteConnection {
   SqliteStatement Prepare(const std::string& sql);
   bool TableExists(const std::string& table);
   int64_t Changes();
+  // True when the file was opened read-only or SQLite found it cannot be written.
+  bool IsReadOnly();
+  // SQLite's count of commits made by other connections to this file; unchanged means every table
+  // still reads as it did.
+  int64_t DataVersion();
+  // A statement prepared once per connection for `sql`, reset and cleared when the returned handle
+  // goes, so that no finished read keeps the file locked.
+  class Reused;
+  Reused Reuse(const std::string& sql);
 
   // Re-arms the step budget; each statement step calls this.
   void StartStatement() { steps_taken_ = 0; }
@@ -45,10 +54,28 @@ class SqliteConnection {
  private:
   static int OnProgress(void* self);
 
+  struct StatementCache;
+
   sqlite3* db_ = nullptr;
   std::string path_;
   int64_t step_budget_calls_;
   int64_t steps_taken_ = 0;
+  std::unique_ptr<StatementCache> statements_;
+};
+
+class SqliteConnection::Reused {
+ public:
+  explicit Reused(SqliteStatement& statement) : statement_(&statement) {}
+  ~Reused();
+  Reused(Reused&& other) noexcept : statement_(other.statement_) { other.statement_ = nullptr; }
+  Reused(const Reused&) = delete;
+  Reused& operator=(const Reused&) = delete;
+  Reused& operator=(Reused&&) = delete;
+  SqliteStatement* operator->() { return statement_; }
+  SqliteStatement& operator*() { return *statement_; }
+
+ private:
+  SqliteStatement* statement_;
 };
 
 }  // namespace zrsimprp

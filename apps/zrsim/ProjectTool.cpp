@@ -6,6 +6,7 @@
 #include <limits>
 #include <ostream>
 
+#include "projectdb/LayerKind.h"
 #include "projectdb/SampleProject.h"
 #include "zrsim/ArgumentParser.h"
 #include "zrsim/ExitStatus.h"
@@ -67,8 +68,10 @@ std::string ProjectTool::Help(const std::string& subcommand) {
   } else if (subcommand == "import-layer") {
     text +=
         "Copies the polygon table T of the GeoPackage GPKG into the project as the layer N of kind K\n"
-        "(1 marks a study region, the top of a parent chain), with F as its identifier field, L as\n"
-        "its label field and P as its parent layer.\n";
+        "(1 marks a study region, the top of a parent chain; 2 strata, which need their parent layer\n"
+        "P), with F as its identifier field and L as its label field. Geometry and coordinate system\n"
+        "are copied as they are; coordinates in degrees are reported, since distances in the\n"
+        "simulation are then in degrees too.\n";
   } else if (subcommand == "add-design") {
     text += "Adds the design I named N whose strata come from the layer L.\n";
   } else if (subcommand == "add-survey") {
@@ -181,14 +184,21 @@ int ProjectTool::ImportLayer(const std::vector<std::string>& words) {
   const std::string table = Required(command, arguments, "table");
   const std::string id_field = Required(command, arguments, "id-field");
   const std::string name = Required(command, arguments, "name");
-  const int32_t kind = Integer(command, arguments, "kind");
+  const int32_t kind = Kind(command, arguments);
   auto project = files_.OpenProject(command, arguments.Positionals()[0]);
   int32_t count = 0;
+  bool geographic = false;
   Change(command, [&] {
     count = project->ImportLayer(from, table, id_field, arguments.Value("label-field"), name, kind,
                                  arguments.Value("parent"));
+    geographic = project->HasGeographicCoordinates(name);
   });
   out_ << "Imported " << count << " features of '" << table << "' as the layer '" << name << "'\n";
+  if (geographic) {
+    out_ << "Warning: the layer '" << name
+         << "' has geographic coordinates (degrees of longitude and latitude), so distances in the "
+            "simulation will be in degrees.\n";
+  }
   return kSuccess;
 }
 
@@ -204,7 +214,7 @@ int ProjectTool::AddDesign(const std::vector<std::string>& words) {
   const std::string name = Required(command, arguments, "name");
   const std::string layer = Required(command, arguments, "stratum-layer");
   auto project = files_.OpenProject(command, arguments.Positionals()[0]);
-  Change(command, [&] { project->AddDesign(id, name, SingleEntry("STRATUM LAYER", layer)); });
+  Change(command, [&] { project->AddDesign(id, name, SingleEntry("STRATUM LAYER", layer), layer); });
   out_ << "Added the design " << id << " " << name << "\n";
   return kSuccess;
 }
@@ -281,7 +291,13 @@ int ProjectTool::AddSimulation(const std::vector<std::string>& words) {
   if (text.find_first_not_of(" \t\r\n") == std::string::npos) {
     throw UsageError(command + ": the definition is empty; a simulation needs at least one entry");
   }
-  Change(command, [&] { project->SaveSimulationDefinition(name, text); });
+  // Added only if no one else added it meanwhile: the check and the write are one transaction.
+  Change(command, [&] {
+    if (project->SaveSimulationDefinitionIfUnchanged(name, "", text) !=
+        zrsimprp::GeoPackageProject::SaveOutcome::kSaved) {
+      throw UsageError(command + ": the project already has a simulation named '" + name + "'");
+    }
+  });
   out_ << "Added the simulation " << name << "\n";
   return kSuccess;
 }
@@ -304,6 +320,22 @@ int32_t ProjectTool::Integer(const std::string& command, const ParsedArguments& 
     throw UsageError(command + ": --" + option + " must be a whole number, not '" + text + "'");
   }
   return static_cast<int32_t>(value);
+}
+
+int32_t ProjectTool::Kind(const std::string& command, const ParsedArguments& arguments) {
+  const std::string text = Required(command, arguments, "kind");
+  const std::string trimmed(zrsimprp::TrimBlanks(text));
+  const int32_t kind = trimmed == "1"   ? zrsimprp::LayerKind::kStudyRegion
+                       : trimmed == "2" ? zrsimprp::LayerKind::kStrata
+                                        : 0;
+  if (!zrsimprp::LayerKind::IsDefined(kind)) {
+    throw UsageError(command + ": --kind must be " + zrsimprp::LayerKind::AllowedValues() + ", not '" + text +
+                     "'");
+  }
+  if (kind == zrsimprp::LayerKind::kStrata && arguments.Value("parent").empty()) {
+    throw UsageError(command + ": a layer of kind 2 (strata) needs --parent, the layer its strata lie in");
+  }
+  return kind;
 }
 
 int32_t ProjectTool::Integer(const std::string& command, const ParsedArguments& arguments,

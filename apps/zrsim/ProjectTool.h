@@ -39,6 +39,8 @@ class ProjectTool {
                          const std::string& option);
   static int32_t Integer(const std::string& command, const ParsedArguments& arguments,
                          const std::string& option, int32_t fallback);
+  // --kind: one of the layer kinds the project defines; UsageError naming them otherwise.
+  static int32_t Kind(const std::string& command, const ParsedArguments& arguments);
   // Runs a change of the project; a failure of the project file becomes a UsageError.
   template <class Body>
   static void Change(const std::string& command, Body&& body);

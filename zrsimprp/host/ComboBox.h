@@ -21,6 +21,8 @@ class ComboBox : public Control {
 
   void Clear();  // no entries, ListIndex -1, Text ""
   void AddItem(const std::string& item);
+  // Room for `count` entries in all, so that filling a long list does not copy it as it grows.
+  void Reserve(size_t count) { items_.reserve(count); }
   int ListCount() const { return static_cast<int>(items_.size()); }
   const std::string& List(int index) const;  // error 381 outside the list
   const std::vector<std::string>& Items() const { return items_; }

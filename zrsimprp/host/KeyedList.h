@@ -12,6 +12,9 @@ class KeyedList {
  public:
   int32_t Count() const { return static_cast<int32_t>(entries_.size()); }
   void Add(const std::string& item, const std::string& key) { entries_.emplace_back(item, key); }
+  void Add(std::string&& item, std::string&& key) { entries_.emplace_back(std::move(item), std::move(key)); }
+  // Room for `count` entries in all, so that filling a long list does not copy it as it grows.
+  void Reserve(size_t count) { entries_.reserve(count); }
   const std::string& Item(int32_t index) const { return At(index).first; }
   const std::string& Key(int32_t index) const { return At(index).second; }
 

@@ -20,10 +20,25 @@ struct SettingKey {
 
 }  // namespace
 
+namespace {
+
+// A layer with what its objects learn about it, shared by every object handed out for it, so that
+// choosing the layer again does not copy its features or index its identifiers anew.
+struct LayerEntry {
+  MemoryProjectDatabase::LayerData data;
+  std::optional<std::unordered_set<std::string>> id_texts;
+};
+
+}  // namespace
+
 struct MemoryProjectDatabase::State {
   std::vector<std::vector<std::shared_ptr<DesignRecord>>> design_groups;
   std::vector<std::vector<std::shared_ptr<SurveyRecord>>> survey_groups;
-  std::map<std::string, LayerData> layers;  // by lower-case name
+  // The group objects handed out, made once after the last record was added: copying every group's
+  // records on each call made walking a large project touch every record twice more.
+  std::vector<std::shared_ptr<RecordGroup<DesignRecord>>> design_group_objects;
+  std::vector<std::shared_ptr<RecordGroup<SurveyRecord>>> survey_group_objects;
+  std::map<std::string, std::shared_ptr<LayerEntry>> layers;  // by lower-case name
   std::vector<std::shared_ptr<DataFilter>> data_filters;
   std::vector<std::shared_ptr<ModelDefinition>> model_definitions;
   std::map<std::string, Variant> defaults;  // by lower-case engine name
@@ -135,8 +150,9 @@ class MemoryFeature : public Feature {};
 
 class MemoryLayer : public Layer {
  public:
-  MemoryLayer(std::shared_ptr<Database> database, const Database::LayerData& data)
-      : database_(std::move(database)), data_(data) {}
+  MemoryLayer(std::shared_ptr<Database> database, std::shared_ptr<Database::State> state,
+              std::shared_ptr<LayerEntry> entry)
+      : database_(std::move(database)), state_(std::move(state)), entry_(std::move(entry)), data_(entry_->data) {}
 
   std::string Name() override { return data_.name; }
   int32_t Kind() override { return data_.kind; }
@@ -148,7 +164,7 @@ class MemoryLayer : public Layer {
       throw RuntimeError(error_number::kInvalidProcedureCall, "Layer",
                          "The layer '" + data_.name + "' has no parent layer");
     }
-    return std::make_shared<MemoryLayer>(database_, *parent);
+    return std::make_shared<MemoryLayer>(database_, state_, state_->layers.at(ToLowerAscii(data_.parent)));
   }
 
   std::shared_ptr<zrsimprp::AttributeTable> AttributeTable() override {
@@ -177,25 +193,28 @@ class MemoryLayer : public Layer {
     database_->Touch("FeatureByID", "Layer");
     const std::string wanted = VariantToText(id);
     // Callers fetch every feature in turn, so the identifiers are indexed once rather than scanned.
-    if (!id_texts_) {
-      id_texts_.emplace();
-      id_texts_->reserve(data_.ids.size());
-      for (const Variant& candidate : data_.ids) id_texts_->insert(VariantToText(candidate));
+    std::optional<std::unordered_set<std::string>>& id_texts = entry_->id_texts;
+    if (!id_texts) {
+      id_texts.emplace();
+      id_texts->reserve(data_.ids.size());
+      for (const Variant& candidate : data_.ids) id_texts->insert(VariantToText(candidate));
     }
-    if (id_texts_->count(wanted) != 0) return std::make_shared<MemoryFeature>();
+    if (id_texts->count(wanted) != 0) return std::make_shared<MemoryFeature>();
     throw RuntimeError(error_number::kInvalidProcedureCall, "Layer",
                        "The layer '" + data_.name + "' has no feature with identifier " + wanted);
   }
 
  private:
   std::shared_ptr<Database> database_;
-  Database::LayerData data_;
-  std::optional<std::unordered_set<std::string>> id_texts_;
+  std::shared_ptr<Database::State> state_;
+  std::shared_ptr<LayerEntry> entry_;
+  const Database::LayerData& data_;
 };
 
 class MemoryCatalogue : public LayerCatalogue {
  public:
-  explicit MemoryCatalogue(std::shared_ptr<Database> database) : database_(std::move(database)) {}
+  MemoryCatalogue(std::shared_ptr<Database> database, std::shared_ptr<Database::State> state)
+      : database_(std::move(database)), state_(std::move(state)) {}
   std::shared_ptr<Layer> LayerByName(const std::string& name) override {
     database_->Touch("LayerByName", "LayerCatalogue");
     const Database::LayerData* data = database_->FindLayer(name);
@@ -203,11 +222,12 @@ class MemoryCatalogue : public LayerCatalogue {
       throw RuntimeError(error_number::kInvalidProcedureCall, "LayerCatalogue",
                          "The project has no layer named '" + name + "'");
     }
-    return std::make_shared<MemoryLayer>(database_, *data);
+    return std::make_shared<MemoryLayer>(database_, state_, state_->layers.at(ToLowerAscii(name)));
   }
 
  private:
   std::shared_ptr<Database> database_;
+  std::shared_ptr<Database::State> state_;
 };
 
 class MemorySettings : public ProjectSettings {
@@ -268,17 +288,19 @@ void MemoryProjectDatabase::AddDesign(int32_t id, const std::string& name, const
                                       size_t group) {
   if (state_->design_groups.size() <= group) state_->design_groups.resize(group + 1);
   state_->design_groups[group].push_back(std::make_shared<MemoryDesign>(id, name, definition_text));
+  state_->design_group_objects.clear();
 }
 
 void MemoryProjectDatabase::AddSurvey(int32_t id, const std::string& name, int32_t status, int32_t design_id,
                                       size_t group) {
   if (state_->survey_groups.size() <= group) state_->survey_groups.resize(group + 1);
   state_->survey_groups[group].push_back(std::make_shared<MemorySurvey>(id, name, status, design_id));
+  state_->survey_group_objects.clear();
 }
 
 void MemoryProjectDatabase::AddLayer(LayerData layer) {
   const std::string key = ToLowerAscii(layer.name);
-  state_->layers[key] = std::move(layer);
+  state_->layers[key] = std::make_shared<LayerEntry>(LayerEntry{std::move(layer), std::nullopt});
 }
 
 void MemoryProjectDatabase::AddDataFilter(int32_t id, const std::string& name) {
@@ -321,7 +343,7 @@ void MemoryProjectDatabase::Touch(const std::string& operation, const std::strin
 
 const MemoryProjectDatabase::LayerData* MemoryProjectDatabase::FindLayer(const std::string& name) const {
   const auto it = state_->layers.find(ToLowerAscii(name));
-  return it == state_->layers.end() ? nullptr : &it->second;
+  return it == state_->layers.end() ? nullptr : &it->second->data;
 }
 
 std::shared_ptr<ProjectSettings> MemoryProjectDatabase::Settings() {
@@ -331,7 +353,7 @@ std::shared_ptr<ProjectSettings> MemoryProjectDatabase::Settings() {
 
 std::shared_ptr<LayerCatalogue> MemoryProjectDatabase::Companion() {
   Touch("Companion", "ProjectDatabase");
-  return std::make_shared<MemoryCatalogue>(shared_from_this());
+  return std::make_shared<MemoryCatalogue>(shared_from_this(), state_);
 }
 
 std::shared_ptr<zrsimprp::EngineDefaults> MemoryProjectDatabase::EngineDefaults() {
@@ -341,15 +363,21 @@ std::shared_ptr<zrsimprp::EngineDefaults> MemoryProjectDatabase::EngineDefaults(
 
 std::vector<std::shared_ptr<RecordGroup<DesignRecord>>> MemoryProjectDatabase::DesignGroups() {
   Touch("DesignGroups", "ProjectDatabase");
-  std::vector<std::shared_ptr<RecordGroup<DesignRecord>>> groups;
-  for (const auto& records : state_->design_groups) groups.push_back(std::make_shared<MemoryGroup<DesignRecord>>(records));
+  std::vector<std::shared_ptr<RecordGroup<DesignRecord>>>& groups = state_->design_group_objects;
+  if (groups.size() != state_->design_groups.size()) {
+    groups.clear();
+    for (const auto& records : state_->design_groups) groups.push_back(std::make_shared<MemoryGroup<DesignRecord>>(records));
+  }
   return groups;
 }
 
 std::vector<std::shared_ptr<RecordGroup<SurveyRecord>>> MemoryProjectDatabase::SurveyGroups() {
   Touch("SurveyGroups", "ProjectDatabase");
-  std::vector<std::shared_ptr<RecordGroup<SurveyRecord>>> groups;
-  for (const auto& records : state_->survey_groups) groups.push_back(std::make_shared<MemoryGroup<SurveyRecord>>(records));
+  std::vector<std::shared_ptr<RecordGroup<SurveyRecord>>>& groups = state_->survey_group_objects;
+  if (groups.size() != state_->survey_groups.size()) {
+    groups.clear();
+    for (const auto& records : state_->survey_groups) groups.push_back(std::make_shared<MemoryGroup<SurveyRecord>>(records));
+  }
   return groups;
 }
 

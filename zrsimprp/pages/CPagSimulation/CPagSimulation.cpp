@@ -196,13 +196,16 @@ void CPagSimulation::Initialize() {
 void CPagSimulation::FillDesignList() {
   design_list_ = KeyedList();
   for (const auto& group : Project()->DesignGroups()) {
-    for (const auto& record : Required(group, "no design group")->Records()) {
+    const auto records = Required(group, "no design group")->Records();
+    design_list_.Reserve(static_cast<size_t>(design_list_.Count()) + records.size());
+    for (const auto& record : records) {
       Required(record, "no design record");
       const int32_t id = record->ID();
       design_list_.Add(EntryText(id, record->Name()), std::to_string(id));
     }
   }
   cboDesign.Clear();
+  cboDesign.Reserve(static_cast<size_t>(design_list_.Count()));
   for (int32_t i = 1; i <= design_list_.Count(); ++i) cboDesign.AddItem(design_list_.Item(i));
   if (design_list_.Count() > 0) cboDesign.SetListIndex(0);
   // The design box starts out showing no design until one is picked or set.
@@ -212,7 +215,9 @@ void CPagSimulation::FillDesignList() {
 void CPagSimulation::FillSurveyList() {
   survey_list_ = KeyedList();
   for (const auto& group : Project()->SurveyGroups()) {
-    for (const auto& record : Required(group, "no survey group")->Records()) {
+    const auto records = Required(group, "no survey group")->Records();
+    survey_list_.Reserve(static_cast<size_t>(survey_list_.Count()) + records.size());
+    for (const auto& record : records) {
       Required(record, "no survey record");
       if (record->Status() != 1) continue;
       const int32_t id = record->ID();
@@ -220,6 +225,7 @@ void CPagSimulation::FillSurveyList() {
     }
   }
   cboSurvey.Clear();
+  cboSurvey.Reserve(static_cast<size_t>(survey_list_.Count()));
   for (int32_t i = 1; i <= survey_list_.Count(); ++i) cboSurvey.AddItem(survey_list_.Item(i));
   if (survey_list_.Count() > 0) cboSurvey.SetListIndex(0);
 }
