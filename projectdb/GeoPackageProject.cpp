@@ -2,6 +2,8 @@
 
 #include <sqlite3.h>
 
+#include <unistd.h>
+
 #include <cctype>
 #include <filesystem>
 #include <system_error>
@@ -55,6 +57,14 @@ void CheckExistingFile(const std::string& path, const std::string& role) {
   if (std::filesystem::file_size(path, error) == 0 && !error) {
     Refuse("The file '" + path + "' is empty, so it is not a " + role + ".");
   }
+}
+
+// SQLite opens a write-protected file read-only by itself, but a file in a folder that may not be
+// written opens "read-write" and then fails on the first write, when its journal cannot be made.
+bool MayWrite(const std::string& path) {
+  const std::filesystem::path file(path);
+  const std::filesystem::path folder = file.has_parent_path() ? file.parent_path() : ".";
+  return ::access(path.c_str(), W_OK) == 0 && ::access(folder.c_str(), W_OK) == 0;
 }
 
 void CheckName(const std::string& name, const std::string& what) {
@@ -181,7 +191,8 @@ std::shared_ptr<GeoPackageProject> GeoPackageProject::Open(const std::string& pa
                                                            const OpenOptions& options) {
   return SourcedCall(kSource, [&]() {
     CheckExistingFile(path, "project file");
-    auto connection = std::make_unique<SqliteConnection>(path, SQLITE_OPEN_READWRITE, ToLimits(options));
+    const int flags = options.read_only || !MayWrite(path) ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE;
+    auto connection = std::make_unique<SqliteConnection>(path, flags, ToLimits(options));
     ProjectSchema::Verify(*connection);
     return std::shared_ptr<GeoPackageProject>(new GeoPackageProject(path, std::move(connection)));
   });
@@ -210,6 +221,8 @@ std::shared_ptr<GeoPackageProject> GeoPackageProject::Create(const std::string& 
 }
 
 std::string GeoPackageProject::Path() const { return path_; }
+
+bool GeoPackageProject::IsReadOnly() { return sqlite3_db_readonly(connection_->Handle(), "main") == 1; }
 
 std::vector<std::string> GeoPackageProject::SimulationNames() {
   return SourcedCall(kSource, [&]() {

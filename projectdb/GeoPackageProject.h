@@ -24,6 +24,8 @@ class GeoPackageProject : public ProjectDatabase, public std::enable_shared_from
   struct OpenOptions {
     int64_t statement_step_limit = 2'000'000'000;
     int32_t busy_timeout_ms = 5000;
+    // Opens without ever writing, as for a file the person may not change.
+    bool read_only = false;
   };
 
   struct LayerInfo {
@@ -60,7 +62,8 @@ class GeoPackageProject : public ProjectDatabase, public std::enable_shared_from
     std::string definition_text;
   };
 
-  // Opens an existing project read-write; never creates a file.
+  // Opens an existing project read-write, or read-only when asked or when the file or its folder may
+  // not be written; never creates a file.
   static std::shared_ptr<GeoPackageProject> Open(const std::string& path);
   static std::shared_ptr<GeoPackageProject> Open(const std::string& path, const OpenOptions& options);
   // Writes a new, empty project file; fails when the path exists.
@@ -71,6 +74,8 @@ class GeoPackageProject : public ProjectDatabase, public std::enable_shared_from
   GeoPackageProject& operator=(const GeoPackageProject&) = delete;
 
   std::string Path() const;
+  // True when the project was opened read-only: every write fails.
+  bool IsReadOnly();
 
   // Simulations, by name (case ignored), in the order they were created.
   std::vector<std::string> SimulationNames();

@@ -26,7 +26,7 @@ std::vector<std::string> ScreenshotWriter::WriteAll(EditorWindow& window, const 
   if (!std::filesystem::is_directory(folder)) {
     throw EditorError("Cannot create the folder '" + folder + "' for the screenshots");
   }
-  window.resize(window.sizeHint().expandedTo(QSize(820, 640)));
+  window.resize(window.DefaultSize());
   window.show();
   std::vector<std::string> written;
   for (const Shot& shot : Shots()) {

@@ -1,8 +1,10 @@
 #include "zrsimprp/qt/SIMPropertiesWidget.h"
 
 #include <QCoreApplication>
+#include <algorithm>
 #include <QLayout>
 #include <QScrollArea>
+#include <QShortcut>
 #include <QStackedWidget>
 #include <QTabBar>
 #include <QVBoxLayout>
@@ -13,12 +15,16 @@
 #include "zrsimprp/qt/CPagDetectabilityView.h"
 #include "zrsimprp/qt/CPagMiscView.h"
 #include "zrsimprp/qt/CPagSimulationView.h"
+#include "zrsimprp/qt/InputToolTips.h"
 #include "zrsimprp/qt/ModelBinder.h"
 #include "zrsimprp/qt/PopulationTabView.h"
 #include "zrsimprp/qt/TabControlBinder.h"
 
 namespace zrsimprp {
 namespace {
+
+// The outer tab that holds the inner General / Covariates strip.
+constexpr int kPopulationTab = 2;
 
 // Every page scrolls on its own when the control is smaller than the page.
 QScrollArea* Scrolling(QWidget* page, QWidget* parent) {
@@ -39,13 +45,54 @@ SIMPropertiesWidget::SIMPropertiesWidget(QWidget* parent)
   outer_tabs_->setDrawBase(true);
   pages_ = new QStackedWidget(this);
   BuildPages();
+  connect(outer_tabs_, &QTabBar::currentChanged, this, [this](int index) {
+    if (index != CurrentOuterTab()) emit TabSwitching();
+  });
   outer_binder_ = new TabControlBinder(control_->tapSimulationDefinition, outer_tabs_, pages_);
+  connect(outer_tabs_, &QTabBar::currentChanged, this, &SIMPropertiesWidget::TabSwitched);
+  connect(population_view_, &PopulationTabView::TabSwitching, this, &SIMPropertiesWidget::TabSwitching);
+  connect(population_view_, &PopulationTabView::TabSwitched, this, &SIMPropertiesWidget::TabSwitched);
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
   layout->setSpacing(0);
   layout->addWidget(outer_tabs_);
   layout->addWidget(pages_, 1);
   SetUpTabOrder();
+  SetUpTabKeys();
+  ForwardModelChanges();
+  InputToolTips::Install(this);
+}
+
+void SIMPropertiesWidget::ForwardModelChanges() {
+  for (ModelBinder* binder : findChildren<ModelBinder*>()) {
+    connect(binder, &ModelBinder::ModelChanged, this, &SIMPropertiesWidget::ModelChanged);
+  }
+}
+
+void SIMPropertiesWidget::SetUpTabKeys() {
+  const auto bind = [this](const QKeySequence& keys, int step) {
+    auto* shortcut = new QShortcut(keys, this);
+    shortcut->setContext(Qt::WidgetWithChildrenShortcut);
+    connect(shortcut, &QShortcut::activated, this, [this, step] { StepTab(step); });
+  };
+  bind(QKeySequence(Qt::CTRL | Qt::Key_Tab), 1);
+  bind(QKeySequence(Qt::CTRL | Qt::Key_PageDown), 1);
+  bind(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Backtab), -1);
+  bind(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Tab), -1);
+  bind(QKeySequence(Qt::CTRL | Qt::Key_PageUp), -1);
+}
+
+void SIMPropertiesWidget::StepTab(int step) {
+  const int outer = CurrentOuterTab();
+  if (outer == kPopulationTab) {
+    const int inner = CurrentInnerTab() + step;
+    if (inner >= 1 && inner <= control_->tabsPopulationDescription.TabCount()) {
+      ShowInnerTab(inner);
+      return;
+    }
+  }
+  const int count = control_->tapSimulationDefinition.TabCount();
+  ShowOuterTab((outer + step + count) % count);
 }
 
 SIMPropertiesWidget::~SIMPropertiesWidget() {
@@ -96,13 +143,28 @@ SIMProperties& SIMPropertiesWidget::Control() { return *control_; }
 QtPlatform& SIMPropertiesWidget::Platform() { return platform_; }
 
 void SIMPropertiesWidget::ShowOuterTab(int index) {
+  emit TabSwitching();
   control_->tapSimulationDefinition.UserSelectTab(index);
   RefreshNow();
+  emit TabSwitched();
 }
 
 void SIMPropertiesWidget::ShowInnerTab(int index) {
+  emit TabSwitching();
   control_->tabsPopulationDescription.UserClickTab(index);
   RefreshNow();
+  emit TabSwitched();
+}
+
+QSize SIMPropertiesWidget::sizeHint() const {
+  QSize pages(0, 0);
+  for (int i = 0; i < pages_->count(); ++i) {
+    const auto* area = qobject_cast<const QScrollArea*>(pages_->widget(i));
+    const QWidget* page = area != nullptr ? area->widget() : pages_->widget(i);
+    if (page != nullptr) pages = pages.expandedTo(page->sizeHint());
+  }
+  const QSize bar = outer_tabs_->sizeHint();
+  return QSize(std::max(bar.width(), pages.width()), bar.height() + pages.height());
 }
 
 int SIMPropertiesWidget::CurrentOuterTab() const { return control_->tapSimulationDefinition.CurrentTab(); }

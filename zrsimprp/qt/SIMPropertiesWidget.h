@@ -50,6 +50,9 @@ class SIMPropertiesWidget : public QWidget {
   int CurrentOuterTab() const;
   int CurrentInnerTab() const;
 
+  // Room for the tab bar and the largest page, so that no page needs its scroll bars.
+  QSize sizeHint() const override;
+
   // Brings every view up to date with the model now instead of at the next turn of the event loop.
   void RefreshNow();
   // The control as it is drawn now, pending refreshes applied; for screenshots and documentation.
@@ -58,9 +61,24 @@ class SIMPropertiesWidget : public QWidget {
   QTabBar* OuterTabBar() const { return outer_tabs_; }
   QTabBar* InnerTabBar() const;
 
+  // Ctrl+Tab / Ctrl+PgDn (step +1) and Ctrl+Shift+Tab / Ctrl+PgUp (step -1): on the Population tab
+  // the inner tab moves first, as in nested tab widgets; the outer tab moves through the same
+  // checks as a click, wrapping round at the ends.
+  void StepTab(int step);
+
+ signals:
+  // Something in the model changed; sent at most once per turn of the event loop per control.
+  void ModelChanged();
+  // A person moves a tab (outer or inner): before the model hears of it, and after (whether the model
+  // accepted the move or not). Entering a page may rebuild what the page derives from the others.
+  void TabSwitching();
+  void TabSwitched();
+
  private:
   void BuildPages();
   void SetUpTabOrder();
+  void SetUpTabKeys();
+  void ForwardModelChanges();
 
   QtPlatform platform_;
   std::unique_ptr<SIMProperties> control_;

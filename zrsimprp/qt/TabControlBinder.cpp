@@ -1,5 +1,7 @@
 #include "zrsimprp/qt/TabControlBinder.h"
 
+#include <QSignalBlocker>
+
 #include "zrsimprp/qt/AccessibleText.h"
 
 namespace zrsimprp {
@@ -24,6 +26,12 @@ void TabControlBinder::Mirror() {
 
 void TabControlBinder::OnCurrentChanged(int index) {
   if (Mirroring() || index < 0) return;
+  // The bar has already moved; it goes back to the page being left while that page is checked, so
+  // that a refusal's message is shown over the page that refused.
+  {
+    const QSignalBlocker quiet(bar_);
+    bar_->setCurrentIndex(tabs_.CurrentTab());
+  }
   tabs_.UserSelectTab(index);
   RefreshNow();
 }
