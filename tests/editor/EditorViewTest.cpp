@@ -69,6 +69,52 @@ TEST_F(EditorViewTest, TabBarStaysOnTheRefusingPageWhileItsMessageIsShown) {
   EXPECT_EQ(Properties().CurrentOuterTab(), 0);
 }
 
+TEST_F(EditorViewTest, TheRefusedFieldIsFramedUntilItsValueChanges) {
+  OpenWindow();
+  ShowActive();
+  TypeReps("0");
+  QTabBar* bar = Properties().OuterTabBar();
+  QTest::mouseClick(bar, Qt::LeftButton, Qt::NoModifier, bar->tabRect(1).center());
+  ASSERT_EQ(shown_.size(), 1u);
+  EXPECT_EQ(Properties().MarkedField(), RepsEdit());
+  QWidget* frame = nullptr;
+  for (QWidget* widget : Properties().findChildren<QWidget*>()) {
+    if (widget->accessibleName() == QStringLiteral("Invalid value")) frame = widget;
+  }
+  ASSERT_NE(frame, nullptr);
+  EXPECT_TRUE(frame->isVisible());
+  EXPECT_TRUE(frame->geometry().contains(RepsEdit()->geometry()));
+  QTest::keyClicks(RepsEdit(), "5");
+  Properties().RefreshNow();
+  EXPECT_EQ(Properties().MarkedField(), nullptr);
+}
+
+TEST_F(EditorViewTest, TheRefusedGridCellIsMadeCurrentAndFramed) {
+  OpenWindow();
+  ShowActive();
+  Properties().ShowOuterTab(1);
+  zrsimprp::CPagDensity& density = Properties().Control().pagDensity;
+  density.flxHotspots.SetTextMatrix(2, 1, "");
+  Properties().RefreshNow();
+  QTabBar* bar = Properties().OuterTabBar();
+  QTest::mouseClick(bar, Qt::LeftButton, Qt::NoModifier, bar->tabRect(0).center());
+  ASSERT_EQ(shown_.size(), 1u);
+  EXPECT_EQ(shown_[0].text,
+            "There is a missing value in row 2 of the Centre Y column in the hotspots table. Please complete this "
+            "information.");
+  EXPECT_EQ(bar->currentIndex(), 1);
+  auto* grid = qobject_cast<QAbstractItemView*>(Properties().MarkedField());
+  ASSERT_NE(grid, nullptr);
+  EXPECT_EQ(grid->accessibleName(), QStringLiteral("Hotspots"));
+  EXPECT_EQ(Properties().MarkedCell().row(), 2);
+  EXPECT_EQ(Properties().MarkedCell().column(), 1);
+  EXPECT_EQ(grid->currentIndex(), Properties().MarkedCell());
+  // Typing the missing value takes the mark away.
+  density.flxHotspots.SetTextMatrix(2, 1, "450");
+  Properties().RefreshNow();
+  EXPECT_EQ(Properties().MarkedField(), nullptr);
+}
+
 TEST_F(EditorViewTest, AnAcceptedClickStillMovesTheTabBar) {
   OpenWindow();
   ShowActive();

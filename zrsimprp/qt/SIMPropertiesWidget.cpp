@@ -16,6 +16,7 @@
 #include "zrsimprp/qt/CPagMiscView.h"
 #include "zrsimprp/qt/CPagSimulationView.h"
 #include "zrsimprp/qt/InputToolTips.h"
+#include "zrsimprp/qt/InvalidSpotMarker.h"
 #include "zrsimprp/qt/ModelBinder.h"
 #include "zrsimprp/qt/PopulationTabView.h"
 #include "zrsimprp/qt/TabControlBinder.h"
@@ -61,6 +62,30 @@ SIMPropertiesWidget::SIMPropertiesWidget(QWidget* parent)
   SetUpTabKeys();
   ForwardModelChanges();
   InputToolTips::Install(this);
+  MarkInvalidSpots();
+}
+
+void SIMPropertiesWidget::MarkInvalidSpots() {
+  SIMProperties& control = *control_;
+  for (PageControl* page : std::initializer_list<PageControl*>{
+           &control.pagSimulation, &control.pagDensity, &control.pagPopulation, &control.pagCovariates,
+           &control.pagDetectability, &control.pagAnalyses, &control.pagMisc}) {
+    markers_.push_back(new InvalidSpotMarker(*page, this));
+  }
+}
+
+QWidget* SIMPropertiesWidget::MarkedField() const {
+  for (const InvalidSpotMarker* marker : markers_) {
+    if (marker->MarkedWidget() != nullptr) return marker->MarkedWidget();
+  }
+  return nullptr;
+}
+
+QModelIndex SIMPropertiesWidget::MarkedCell() const {
+  for (const InvalidSpotMarker* marker : markers_) {
+    if (marker->MarkedWidget() != nullptr) return marker->MarkedCell();
+  }
+  return QModelIndex();
 }
 
 void SIMPropertiesWidget::ForwardModelChanges() {
@@ -97,6 +122,7 @@ void SIMPropertiesWidget::StepTab(int step) {
 
 SIMPropertiesWidget::~SIMPropertiesWidget() {
   // The views watch the model: they go before it does.
+  for (InvalidSpotMarker* marker : markers_) delete marker;
   delete outer_tabs_;
   delete pages_;
 }

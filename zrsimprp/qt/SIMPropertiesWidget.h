@@ -1,9 +1,11 @@
 #pragma once
 
 #include <QImage>
+#include <QModelIndex>
 #include <QWidget>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "zrsimprp/qt/QtPlatform.h"
 
@@ -16,6 +18,7 @@ namespace zrsimprp {
 class ProjectDatabase;
 class SIMProperties;
 class TabControlBinder;
+class InvalidSpotMarker;
 class CPagSimulationView;
 class CPagDensityView;
 class PopulationTabView;
@@ -58,6 +61,10 @@ class SIMPropertiesWidget : public QWidget {
   // The control as it is drawn now, pending refreshes applied; for screenshots and documentation.
   QImage Render();
 
+  // The field or grid the last refused check pointed at (null when none), and the grid cell.
+  QWidget* MarkedField() const;
+  QModelIndex MarkedCell() const;
+
   QTabBar* OuterTabBar() const { return outer_tabs_; }
   QTabBar* InnerTabBar() const;
 
@@ -79,6 +86,7 @@ class SIMPropertiesWidget : public QWidget {
   void SetUpTabOrder();
   void SetUpTabKeys();
   void ForwardModelChanges();
+  void MarkInvalidSpots();
 
   QtPlatform platform_;
   std::unique_ptr<SIMProperties> control_;
@@ -91,6 +99,7 @@ class SIMPropertiesWidget : public QWidget {
   CPagDetectabilityView* detectability_view_ = nullptr;
   CPagAnalysesView* analyses_view_ = nullptr;
   CPagMiscView* misc_view_ = nullptr;
+  std::vector<InvalidSpotMarker*> markers_;
 };
 
 }  // namespace zrsimprp
