@@ -115,6 +115,34 @@ TEST_F(EditorViewTest, TheRefusedGridCellIsMadeCurrentAndFramed) {
   EXPECT_EQ(Properties().MarkedField(), nullptr);
 }
 
+TEST_F(EditorViewTest, PagesNameTheControlAndCellTheirCheckRefused) {
+  OpenWindow();
+  zrsimprp::SIMProperties& control = Properties().Control();
+  std::string message;
+  control.pagPopulation.flxN.SetTextMatrix(1, 2, "");
+  EXPECT_FALSE(control.pagPopulation.IsValid(message));
+  EXPECT_EQ(control.pagPopulation.Invalid().control, &control.pagPopulation.flxN);
+  EXPECT_EQ(control.pagPopulation.Invalid().row, 1);
+  EXPECT_EQ(control.pagPopulation.Invalid().col, 2);
+  control.pagPopulation.flxN.SetTextMatrix(1, 2, "10");
+  EXPECT_TRUE(control.pagPopulation.IsValid(message));
+  EXPECT_EQ(control.pagPopulation.Invalid().control, nullptr);
+
+  control.pagCovariates.txtCategoricalCov.SetText("body size");
+  message.clear();
+  EXPECT_FALSE(control.pagCovariates.IsValid(message));
+  EXPECT_EQ(message, "Spaces are not allowed in covariate or covariate value names.  Please change the values you have "
+                     "provided.");
+  EXPECT_EQ(control.pagCovariates.Invalid().control, &control.pagCovariates.txtCategoricalCov);
+
+  control.pagDetectability.flxDetect.SetTextMatrix(1, 1, "wide");
+  message.clear();
+  EXPECT_FALSE(control.pagDetectability.IsValid(message));
+  EXPECT_EQ(control.pagDetectability.Invalid().control, &control.pagDetectability.flxDetect);
+  EXPECT_EQ(control.pagDetectability.Invalid().row, 1);
+  EXPECT_EQ(control.pagDetectability.Invalid().col, 1);
+}
+
 TEST_F(EditorViewTest, AnAcceptedClickStillMovesTheTabBar) {
   OpenWindow();
   ShowActive();
