@@ -32,6 +32,8 @@ QScrollArea* Scrolling(QWidget* page, QWidget* parent) {
   auto* area = new QScrollArea(parent);
   area->setWidgetResizable(true);
   area->setFrameShape(QFrame::NoFrame);
+  // The area itself shows no focus: Tab passes on to the page's fields.
+  area->setFocusPolicy(Qt::NoFocus);
   area->setWidget(page);
   return area;
 }
