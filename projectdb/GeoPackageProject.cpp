@@ -1,7 +1,6 @@
 #include "projectdb/GeoPackageProject.h"
 
 #include <sqlite3.h>
-
 #include <unistd.h>
 
 #include <cctype>

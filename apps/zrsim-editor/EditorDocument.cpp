@@ -62,8 +62,8 @@ std::unique_ptr<EditorDocument> EditorDocument::Open(const std::string& project_
 
 std::shared_ptr<zrsimprp::ProjectDatabase> EditorDocument::RoutedDatabase(
     std::shared_ptr<zrsimprp::ProjectSettings> personal) const {
-  return std::make_shared<RoutedProject>(project_,
-                                         std::make_shared<SettingsRouter>(std::move(personal), project_->Settings()));
+  return std::make_shared<RoutedProject>(
+      project_, std::make_shared<SettingsRouter>(std::move(personal), project_->Settings()));
 }
 
 bool EditorDocument::ChangedElsewhere() const {
@@ -112,8 +112,8 @@ EditorDocument::SaveOutcome EditorDocument::SaveAs(const std::string& path, cons
   const bool existed = fs::exists(path, error);
   fs::copy_file(project_->Path(), path, fs::copy_options::overwrite_existing, error);
   if (error) {
-    outcome.message = "The project could not be copied to '" + path + "': " + error.message() +
-                      ". Nothing was saved.";
+    outcome.message =
+        "The project could not be copied to '" + path + "': " + error.message() + ". Nothing was saved.";
     return outcome;
   }
   // A copy of a read-only file is read-only too; the person asked for a file they can change.
@@ -125,8 +125,8 @@ EditorDocument::SaveOutcome EditorDocument::SaveAs(const std::string& path, cons
   } catch (const std::exception& failure) {
     copy.reset();
     if (!existed) fs::remove(path, error);
-    outcome.message = "The simulation could not be saved in '" + path + "': " + Describe(failure) +
-                      " Nothing was saved.";
+    outcome.message =
+        "The simulation could not be saved in '" + path + "': " + Describe(failure) + " Nothing was saved.";
     return outcome;
   }
   project_ = copy;

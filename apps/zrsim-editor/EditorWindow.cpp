@@ -71,8 +71,9 @@ EditorWindow::EditorWindow(EditorDocument& document, QWidget* parent) : QDialog(
   reset_ = buttons->addButton(QDialogButtonBox::Reset);
   help_ = buttons->addButton(QDialogButtonBox::Help);
   ok_->setToolTip(tr("Save the simulation's options and close the window"));
-  apply_->setToolTip(tr("Save the simulation's options and keep the window open; enabled when there are "
-                        "changes to save"));
+  apply_->setToolTip(
+      tr("Save the simulation's options and keep the window open; enabled when there are "
+         "changes to save"));
   save_as_->setToolTip(tr("Save a copy of the project, with these options, under a new file name"));
   reset_->setToolTip(tr("Replace every option by the project's defaults for a new simulation"));
   help_->setToolTip(tr("Explain the options of the shown tab (F1)"));
@@ -259,8 +260,8 @@ void EditorWindow::ShowHelp() {
   if (help_browser_ == nullptr) help_browser_ = new HelpBrowser(this);
   help_browser_->show();
   help_browser_->raise();
-  help_browser_->ShowSection(HelpBrowser::SectionFor(properties_->CurrentOuterTab(),
-                                                     properties_->CurrentInnerTab()));
+  help_browser_->ShowSection(
+      HelpBrowser::SectionFor(properties_->CurrentOuterTab(), properties_->CurrentInnerTab()));
 }
 
 void EditorWindow::Tell(const std::string& text) {
@@ -276,7 +277,8 @@ EditorWindow::Choice EditorWindow::Ask(const std::string& text, const std::vecto
   QMessageBox box(QMessageBox::Question, QString::fromUtf8(kTitle), QString::fromStdString(text),
                   QMessageBox::NoButton, this);
   std::vector<std::pair<QAbstractButton*, Choice>> buttons;
-  for (const Choice choice : choices) buttons.emplace_back(box.addButton(ChoiceText(choice), ChoiceRole(choice)), choice);
+  for (const Choice choice : choices)
+    buttons.emplace_back(box.addButton(ChoiceText(choice), ChoiceRole(choice)), choice);
   box.setDefaultButton(static_cast<QPushButton*>(buttons.front().first));
   box.exec();
   for (const auto& [button, choice] : buttons) {

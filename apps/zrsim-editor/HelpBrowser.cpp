@@ -1,7 +1,7 @@
 #include "zrsim-editor/HelpBrowser.h"
 
-#include <QFile>
 #include <QAbstractTextDocumentLayout>
+#include <QFile>
 #include <QScrollBar>
 #include <QTextBlock>
 #include <QTextBrowser>

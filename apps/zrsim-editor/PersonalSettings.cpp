@@ -61,7 +61,8 @@ QString PersonalSettings::KeyFor(const std::string& section, const std::string& 
 }
 
 zrsimprp::Variant PersonalSettings::ReadSetting(int32_t, int32_t, const std::string& section,
-                                                const std::string& key, const zrsimprp::Variant& default_value) {
+                                                const std::string& key,
+                                                const zrsimprp::Variant& default_value) {
   QSettings settings;
   const QVariant stored = settings.value(KeyFor(section, key));
   if (!stored.isValid()) return default_value;

@@ -22,7 +22,9 @@ class RoutedProject : public zrsimprp::ProjectDatabase {
   std::vector<std::shared_ptr<zrsimprp::RecordGroup<zrsimprp::SurveyRecord>>> SurveyGroups() override {
     return project_->SurveyGroups();
   }
-  std::vector<std::shared_ptr<zrsimprp::DataFilter>> DataFilters() override { return project_->DataFilters(); }
+  std::vector<std::shared_ptr<zrsimprp::DataFilter>> DataFilters() override {
+    return project_->DataFilters();
+  }
   std::vector<std::shared_ptr<zrsimprp::ModelDefinition>> ModelDefinitions() override {
     return project_->ModelDefinitions();
   }

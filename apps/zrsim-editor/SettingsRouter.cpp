@@ -20,7 +20,8 @@ zrsimprp::ProjectSettings& SettingsRouter::Route(int32_t a) {
 }
 
 zrsimprp::Variant SettingsRouter::ReadSetting(int32_t a, int32_t b, const std::string& section,
-                                              const std::string& key, const zrsimprp::Variant& default_value) {
+                                              const std::string& key,
+                                              const zrsimprp::Variant& default_value) {
   return Route(a).ReadSetting(a, b, section, key, default_value);
 }
 

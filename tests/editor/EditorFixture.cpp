@@ -45,8 +45,9 @@ void EditorFixture::OpenWindow(bool read_only) {
   using zrsim_editor::EditorWindow;
   document_ = zrsim_editor::EditorDocument::Open(Sample(), "", read_only);
   window_ = std::make_unique<EditorWindow>(*document_);
-  window_->SetMessageSink(
-      [this](const std::string& text, const std::string& title) { shown_.push_back(Shown{text, title}); });
+  window_->SetMessageSink([this](const std::string& text, const std::string& title) {
+    shown_.push_back(Shown{text, title});
+  });
   window_->SetQuestionSink([this](const std::string& text, const std::vector<EditorWindow::Choice>& choices) {
     asked_.push_back(Asked{text, choices});
     if (answers_.empty()) return EditorWindow::Choice::kGoBack;

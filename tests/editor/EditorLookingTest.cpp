@@ -71,7 +71,8 @@ TEST_F(EditorLookingTest, PersonalSettingsKeepTheirTypeAcrossRuns) {
   {
     PersonalSettings settings(Sample(), "Sample simulation");
     settings.WriteSetting(0, 2, "SIMProperties", "CurrentTab", zrsimprp::Variant(int16_t{4}));
-    settings.WriteSetting(0, 0, "SIMProperties", "CurrentAOTab", zrsimprp::Variant(std::string("Covariates")));
+    settings.WriteSetting(0, 0, "SIMProperties", "CurrentAOTab",
+                          zrsimprp::Variant(std::string("Covariates")));
   }
   PersonalSettings again(Folder() + "/./sample.gpkg", "Sample simulation");  // another spelling of the file
   EXPECT_EQ(again.ReadSetting(0, 2, "SIMProperties", "CurrentTab", zrsimprp::Variant()),
@@ -121,7 +122,7 @@ TEST_F(EditorLookingTest, TheShownTabIsRememberedForThePersonAcrossRuns) {
 
 TEST_F(EditorLookingTest, KeysThatBelongToTheProjectAreStillReadFromIt) {
   zrsimprp::GeoPackageProject::Open(Sample())->Settings()->WriteSetting(1, 3, "Properties", "InsertCrLf",
-                                                                       zrsimprp::Variant(false));
+                                                                        zrsimprp::Variant(false));
   OpenWindow();
   const std::string text = window_->Properties().Definition();
   EXPECT_FALSE(text.empty());
@@ -150,7 +151,8 @@ TEST_F(EditorReadOnlyTest, OpensWithReadOnlyTitleAndCloseAndSaveAsInsteadOfOkAnd
   OpenWindow(/*read_only=*/true);
   window_->show();
   EXPECT_TRUE(document_->IsReadOnly());
-  EXPECT_TRUE(window_->windowTitle().contains(QStringLiteral("(read-only)"))) << window_->windowTitle().toStdString();
+  EXPECT_TRUE(window_->windowTitle().contains(QStringLiteral("(read-only)")))
+      << window_->windowTitle().toStdString();
   EXPECT_FALSE(window_->OkButton()->isVisible());
   EXPECT_FALSE(window_->ApplyButton()->isVisible());
   EXPECT_TRUE(window_->SaveAsButton()->isVisible());
@@ -198,8 +200,9 @@ TEST_F(EditorReadOnlyTest, SaveAsCopiesTheProjectAndSavesTheEditsIntoTheCopy) {
   window_->SetPathSink([copy] { return copy; });
   QTest::mouseClick(window_->SaveAsButton(), Qt::LeftButton);
   EXPECT_TRUE(shown_.empty());
-  EXPECT_NE(zrsimprp::GeoPackageProject::Open(copy)->SimulationDefinition("Sample simulation").find("Reps=77;"),
-            std::string::npos);
+  EXPECT_NE(
+      zrsimprp::GeoPackageProject::Open(copy)->SimulationDefinition("Sample simulation").find("Reps=77;"),
+      std::string::npos);
   EXPECT_FALSE(window_->IsModified());
   EXPECT_TRUE(window_->windowTitle().contains(QString::fromStdString(copy)));
   EXPECT_FALSE(window_->windowTitle().contains(QStringLiteral("read-only")));
@@ -224,7 +227,8 @@ TEST_F(EditorReadOnlyTest, SaveAsOverTheOpenProjectIsRefused) {
   window_->SetPathSink([this] { return Sample(); });
   QTest::mouseClick(window_->SaveAsButton(), Qt::LeftButton);
   ASSERT_EQ(shown_.size(), 1u);
-  EXPECT_EQ(shown_[0].text, "Save As needs a new file name, not the project file that is open. Nothing was saved.");
+  EXPECT_EQ(shown_[0].text,
+            "Save As needs a new file name, not the project file that is open. Nothing was saved.");
 }
 
 }  // namespace

@@ -100,9 +100,10 @@ TEST_F(EditorViewTest, TheRefusedGridCellIsMadeCurrentAndFramed) {
   QTabBar* bar = Properties().OuterTabBar();
   QTest::mouseClick(bar, Qt::LeftButton, Qt::NoModifier, bar->tabRect(0).center());
   ASSERT_EQ(shown_.size(), 1u);
-  EXPECT_EQ(shown_[0].text,
-            "There is a missing value in row 2 of the Centre Y column in the hotspots table. Please complete this "
-            "information.");
+  EXPECT_EQ(
+      shown_[0].text,
+      "There is a missing value in row 2 of the Centre Y column in the hotspots table. Please complete this "
+      "information.");
   EXPECT_EQ(bar->currentIndex(), 1);
   auto* grid = qobject_cast<QAbstractItemView*>(Properties().MarkedField());
   ASSERT_NE(grid, nullptr);
@@ -132,8 +133,10 @@ TEST_F(EditorViewTest, PagesNameTheControlAndCellTheirCheckRefused) {
   control.pagCovariates.txtCategoricalCov.SetText("body size");
   message.clear();
   EXPECT_FALSE(control.pagCovariates.IsValid(message));
-  EXPECT_EQ(message, "Spaces are not allowed in covariate or covariate value names.  Please change the values you have "
-                     "provided.");
+  EXPECT_EQ(
+      message,
+      "Spaces are not allowed in covariate or covariate value names.  Please change the values you have "
+      "provided.");
   EXPECT_EQ(control.pagCovariates.Invalid().control, &control.pagCovariates.txtCategoricalCov);
 
   control.pagDetectability.flxDetect.SetTextMatrix(1, 1, "wide");
@@ -305,7 +308,8 @@ TEST_F(EditorViewTest, TheDefaultWindowShowsEveryPageWithoutScrollBarsOrClippedC
           continue;
         }
         const QSize needs = widget->minimumSizeHint();
-        EXPECT_GE(widget->width(), needs.width()) << widget->accessibleName().toStdString() << " on tab " << tab;
+        EXPECT_GE(widget->width(), needs.width())
+            << widget->accessibleName().toStdString() << " on tab " << tab;
         EXPECT_GE(widget->height(), needs.height()) << widget->accessibleName().toStdString();
       }
     }
@@ -344,7 +348,8 @@ TEST_F(EditorViewTest, ADisabledInputsTooltipSaysWhatEnablesIt) {
   control.pagDensity.chkHotspots.SetValue(zrsimprp::CheckBox::kChecked);
   Properties().RefreshNow();
   ASSERT_TRUE(hotspots->isEnabled());
-  EXPECT_FALSE(hotspots->toolTip().contains(QStringLiteral("enabled when"))) << hotspots->toolTip().toStdString();
+  EXPECT_FALSE(hotspots->toolTip().contains(QStringLiteral("enabled when")))
+      << hotspots->toolTip().toStdString();
 }
 
 // --- Palettes ----------------------------------------------------------------------------------
@@ -367,8 +372,10 @@ PaintedKinds CollectPaintedCells(zrsimprp::SIMPropertiesWidget& properties) {
         const QModelIndex index = model->index(row, col);
         const QColor back = index.data(Qt::BackgroundRole).value<QColor>();
         const QColor text = index.data(Qt::ForegroundRole).value<QColor>();
-        const bool editable = grid.Enabled() && grid.Editable() && grid.CellBackColor(row, col) == grid.BackColor();
-        auto& bucket = grid.IsFixedCell(row, col) ? kinds.heading : (editable ? kinds.editable : kinds.disabled);
+        const bool editable =
+            grid.Enabled() && grid.Editable() && grid.CellBackColor(row, col) == grid.BackColor();
+        auto& bucket =
+            grid.IsFixedCell(row, col) ? kinds.heading : (editable ? kinds.editable : kinds.disabled);
         bucket.emplace_back(back, text);
       }
     }

@@ -65,7 +65,9 @@ class GridViewLookTest : public ::testing::Test {
     return image.pixelColor(cell.topLeft() + QPoint(2, 2));
   }
   QColor Role(QPalette::ColorRole role) const { return view->palette().color(QPalette::Active, role); }
-  QColor Kind(GridCellColors::Kind kind) const { return GridCellColors::For(kind, view->palette()).background; }
+  QColor Kind(GridCellColors::Kind kind) const {
+    return GridCellColors::For(kind, view->palette()).background;
+  }
   int RowHeight() const { return view->rowHeight(0); }
   void Relayout() {
     RunEventLoopTurn();

@@ -3,7 +3,6 @@
 #include <QAbstractTableModel>
 #include <QPointer>
 #include <QWidget>
-
 #include <optional>
 
 #include "zrsimprp/host/Grid.h"

@@ -21,28 +21,32 @@ const QHash<QString, InputToolTips::Text>& Table() {
        {"The design whose transects are generated", "enabled when Select design is chosen"}},
       {QStringLiteral("Select single survey"), {"Use one survey's transects in every repetition", ""}},
       {QStringLiteral("Survey"),
-       {"The survey whose transects are used (number and name)", "enabled when Select single survey is chosen"}},
+       {"The survey whose transects are used (number and name)",
+        "enabled when Select single survey is chosen"}},
       {QStringLiteral("Region / strata layer"),
        {"The map layer whose polygons are the strata of the study region", ""}},
       {QStringLiteral("Repeat the simulation times"),
-       {"How many times a population is generated, surveyed and analysed: a whole number of at least 1",
-        ""}},
+       {"How many times a population is generated, surveyed and analysed: a whole number of at least 1", ""}},
       // Density
       {QStringLiteral("Uniform density (within strata where applicable)"),
        {"The same density everywhere inside each stratum; type one value per stratum in the table", ""}},
       {QStringLiteral("Simple model"),
        {"Density as a formula of the map coordinates x and y, starting with =", ""}},
       {QStringLiteral("DSM analysis"), {"Density read from a field of a map layer", ""}},
-      {QStringLiteral("Layer"), {"The map layer holding the fitted density", "enabled when DSM analysis is chosen"}},
-      {QStringLiteral("Field"), {"The field of that layer holding the density", "enabled when DSM analysis is chosen"}},
+      {QStringLiteral("Layer"),
+       {"The map layer holding the fitted density", "enabled when DSM analysis is chosen"}},
+      {QStringLiteral("Field"),
+       {"The field of that layer holding the density", "enabled when DSM analysis is chosen"}},
       {QStringLiteral("GridSpacing"),
        {"Side of the square cells on which density is evaluated, in map units, greater than 0", ""}},
-      {QStringLiteral("Add Hotspots"), {"Add places of raised density (hotspots) described in the table", ""}},
+      {QStringLiteral("Add Hotspots"),
+       {"Add places of raised density (hotspots) described in the table", ""}},
       {QStringLiteral("Hotspots"),
        {"One hotspot per row: centre X and Y (map units), sigma (spread, map units) and amplitude (added "
         "relative density)",
         "enabled when Add Hotspots is ticked"}},
-      {QStringLiteral("Add hotspot"), {"Add a hotspot row to the table", "enabled when Add Hotspots is ticked"}},
+      {QStringLiteral("Add hotspot"),
+       {"Add a hotspot row to the table", "enabled when Add Hotspots is ticked"}},
       {QStringLiteral("Remove hotspot"),
        {"Remove the selected hotspot row", "enabled when Add Hotspots is ticked"}},
       // Population: General
@@ -77,7 +81,8 @@ const QHash<QString, InputToolTips::Text>& Table() {
        {"Name of the continuous covariate (no spaces, semicolons, colons or mathematical symbols)",
         "enabled when Include continuous covariate is ticked"}},
       {QStringLiteral("Covariate distribution"),
-       {"The distribution of the continuous covariate", "enabled when Include continuous covariate is ticked"}},
+       {"The distribution of the continuous covariate",
+        "enabled when Include continuous covariate is ticked"}},
       {QStringLiteral("Continuous covariate parameters"),
        {"mu (mean) and sigma (spread) of the continuous covariate's distribution",
         "enabled when Include continuous covariate is ticked"}},
@@ -110,7 +115,8 @@ const QHash<QString, InputToolTips::Text>& Table() {
         "enabled when Analyse simulated data is ticked"}},
       {QStringLiteral("Model Definition"),
        {"The model fitted to each simulated data set", "enabled when Analyse simulated data is ticked"}},
-      {QStringLiteral("Type of model"), {"The kind of model fitted", "enabled when Analyse simulated data is ticked"}},
+      {QStringLiteral("Type of model"),
+       {"The kind of model fitted", "enabled when Analyse simulated data is ticked"}},
       {QStringLiteral("Analyses"), {"One row per analysis run on each data set", ""}},
       {QStringLiteral("Add analysis"), {"Add an analysis row", ""}},
       {QStringLiteral("Remove analysis"), {"Remove the selected analysis row", ""}},
@@ -147,12 +153,14 @@ bool InputToolTips::IsInput(const QWidget* widget) {
   // The parts of a list, a table or a tab bar (its editor, headers, scroll buttons, pop-up) belong to
   // it and share its tooltip.
   for (const QWidget* above = widget->parentWidget(); above != nullptr; above = above->parentWidget()) {
-    if (qobject_cast<const QComboBox*>(above) != nullptr || qobject_cast<const QAbstractItemView*>(above) != nullptr ||
+    if (qobject_cast<const QComboBox*>(above) != nullptr ||
+        qobject_cast<const QAbstractItemView*>(above) != nullptr ||
         qobject_cast<const QTabBar*>(above) != nullptr) {
       return false;
     }
   }
-  return qobject_cast<const QLineEdit*>(widget) != nullptr || qobject_cast<const QComboBox*>(widget) != nullptr ||
+  return qobject_cast<const QLineEdit*>(widget) != nullptr ||
+         qobject_cast<const QComboBox*>(widget) != nullptr ||
          qobject_cast<const QAbstractButton*>(widget) != nullptr ||
          qobject_cast<const QAbstractItemView*>(widget) != nullptr;
 }

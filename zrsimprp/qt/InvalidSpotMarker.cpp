@@ -69,15 +69,15 @@ void InvalidSpotMarker::Mark(QWidget* widget, int row, int col) {
     view->setCurrentIndex(cell_);
     view->scrollTo(cell_);
     frame_parent = view->viewport();
-    value_changed_ = connect(view->model(), &QAbstractItemModel::dataChanged, this,
-                             [this](const QModelIndex& top_left, const QModelIndex& bottom_right) {
-                               if (!cell_.isValid() || (cell_.row() >= top_left.row() &&
-                                                        cell_.row() <= bottom_right.row() &&
-                                                        cell_.column() >= top_left.column() &&
-                                                        cell_.column() <= bottom_right.column())) {
-                                 Clear();
-                               }
-                             });
+    value_changed_ =
+        connect(view->model(), &QAbstractItemModel::dataChanged, this,
+                [this](const QModelIndex& top_left, const QModelIndex& bottom_right) {
+                  if (!cell_.isValid() ||
+                      (cell_.row() >= top_left.row() && cell_.row() <= bottom_right.row() &&
+                       cell_.column() >= top_left.column() && cell_.column() <= bottom_right.column())) {
+                    Clear();
+                  }
+                });
   } else if (auto* edit = qobject_cast<QLineEdit*>(widget)) {
     value_changed_ = connect(edit, &QLineEdit::textChanged, this, &InvalidSpotMarker::Clear);
   } else if (auto* list = qobject_cast<QComboBox*>(widget)) {

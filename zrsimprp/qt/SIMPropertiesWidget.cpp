@@ -1,13 +1,13 @@
 #include "zrsimprp/qt/SIMPropertiesWidget.h"
 
 #include <QCoreApplication>
-#include <algorithm>
 #include <QLayout>
 #include <QScrollArea>
 #include <QShortcut>
 #include <QStackedWidget>
 #include <QTabBar>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "zrsimprp/control/SIMProperties.h"
 #include "zrsimprp/qt/CPagAnalysesView.h"
