@@ -147,6 +147,31 @@ TEST_F(EditorViewTest, PagesNameTheControlAndCellTheirCheckRefused) {
   EXPECT_EQ(control.pagDetectability.Invalid().col, 1);
 }
 
+TEST_F(EditorViewTest, InnerTabBarStaysOnTheRefusingPageWhileItsMessageIsShown) {
+  OpenWindow();
+  ShowActive();
+  Properties().ShowOuterTab(2);
+  Properties().ShowInnerTab(1);
+  Properties().Control().pagPopulation.flxN.SetTextMatrix(1, 1, "");
+  Properties().RefreshNow();
+  std::vector<int> bar_during_message;
+  window_->SetMessageSink([&](const std::string& text, const std::string&) {
+    shown_.push_back(Shown{text, ""});
+    bar_during_message.push_back(Properties().InnerTabBar()->currentIndex());
+  });
+  QTabBar* inner = Properties().InnerTabBar();
+  QTest::mouseClick(inner, Qt::LeftButton, Qt::NoModifier, inner->tabRect(1).center());
+  ASSERT_EQ(shown_.size(), 1u);
+  EXPECT_EQ(shown_[0].text,
+            "There is a blank cell in the column of the population size table for strata 'North'.  Please enter a "
+            "value in that cell.");
+  EXPECT_EQ(bar_during_message, std::vector<int>{0});
+  EXPECT_EQ(inner->currentIndex(), 0);
+  EXPECT_EQ(Properties().CurrentInnerTab(), 1);
+  EXPECT_EQ(Properties().MarkedCell().row(), 1);
+  EXPECT_EQ(Properties().MarkedCell().column(), 1);
+}
+
 TEST_F(EditorViewTest, AnAcceptedClickStillMovesTheTabBar) {
   OpenWindow();
   ShowActive();
