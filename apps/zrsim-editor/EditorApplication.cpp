@@ -6,6 +6,7 @@
 #include <iostream>
 #include <memory>
 
+#include "zrsim-editor/DarkPalette.h"
 #include "zrsim-editor/EditorArguments.h"
 #include "zrsim-editor/EditorDocument.h"
 #include "zrsim-editor/EditorError.h"
@@ -68,7 +69,9 @@ int EditorApplication::Main(int& argc, char** argv, const std::vector<std::strin
     return kUsageOrFileError;
   }
   QApplication application(argc, argv);
+  QApplication::setOrganizationName("ZrSIMPrp");
   QApplication::setApplicationName("zrsim-editor");
+  if (options.dark) DarkPalette::Apply();
   try {
     return Run(options);
   } catch (const EditorError& error) {
@@ -102,6 +105,7 @@ int EditorApplication::Run(const EditorOptions& options) {
     });
   }
   if (options.screenshot_dir.empty()) {
+    window.RestoreGeometry();
     window.show();
     return QApplication::exec();
   }

@@ -10,13 +10,14 @@
 namespace zrsim_editor {
 
 std::string EditorArguments::Usage() {
-  return "Usage: zrsim-editor [--project FILE] [--simulation NAME] [--screenshot DIR | "
+  return "Usage: zrsim-editor [--project FILE] [--simulation NAME] [--dark] [--screenshot DIR | "
          "--exit-after-first-frame]\n"
          "\n"
          "Edits one simulation of a project in the simulation properties form.\n"
          "\n"
          "  --project FILE     the project file (default: the sample project)\n"
          "  --simulation NAME  the simulation to edit (default: the project's first)\n"
+         "  --dark             the Fusion style with a dark palette\n"
          "  --screenshot DIR   draw every tab into DIR as PNG files and exit; needs no display\n"
          "  --exit-after-first-frame\n"
          "                     show the form, print the milliseconds from the start of the process to\n"
@@ -44,6 +45,7 @@ EditorOptions EditorArguments::Parse(const std::vector<std::string>& words) {
                  .Option("simulation")
                  .Option("screenshot")
                  .Flag("exit-after-first-frame")
+                 .Flag("dark")
                  .Parse(words);
   } catch (const zrsim::UsageError& error) {
     throw EditorError(error.what());
@@ -52,6 +54,7 @@ EditorOptions EditorArguments::Parse(const std::vector<std::string>& words) {
   options.simulation = parsed.Value("simulation");
   options.screenshot_dir = parsed.Value("screenshot");
   options.exit_after_first_frame = parsed.Has("exit-after-first-frame");
+  options.dark = parsed.Has("dark");
   for (const char* option : {"project", "simulation", "screenshot"}) {
     if (parsed.Has(option) && parsed.Value(option).empty()) {
       throw EditorError(std::string("zrsim-editor: the value of --") + option + " is empty");

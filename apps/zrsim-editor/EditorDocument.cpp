@@ -1,8 +1,12 @@
 #include "zrsim-editor/EditorDocument.h"
 
+#include <filesystem>
+#include <system_error>
 #include <utility>
 
 #include "zrsim-editor/EditorError.h"
+#include "zrsim-editor/RoutedProject.h"
+#include "zrsim-editor/SettingsRouter.h"
 #include "zrsimprp/host/Conversions.h"
 #include "zrsimprp/host/RuntimeError.h"
 
@@ -26,10 +30,12 @@ EditorDocument::EditorDocument(std::shared_ptr<zrsimprp::GeoPackageProject> proj
       saved_definition_(std::move(definition)) {}
 
 std::unique_ptr<EditorDocument> EditorDocument::Open(const std::string& project_path,
-                                                     const std::string& simulation) {
+                                                     const std::string& simulation, bool read_only) {
   std::shared_ptr<zrsimprp::GeoPackageProject> project;
   try {
-    project = zrsimprp::GeoPackageProject::Open(project_path);
+    zrsimprp::GeoPackageProject::OpenOptions options;
+    options.read_only = read_only;
+    project = zrsimprp::GeoPackageProject::Open(project_path, options);
   } catch (const std::exception& error) {
     throw EditorError("Cannot open the project '" + project_path + "': " + Describe(error));
   }
@@ -49,13 +55,34 @@ std::unique_ptr<EditorDocument> EditorDocument::Open(const std::string& project_
                                          : "The project '" + project_path + "' has no simulation named '" +
                                                simulation + "'.");
   }
-  return std::unique_ptr<EditorDocument>(new EditorDocument(project, chosen, definition));
+  auto document = std::unique_ptr<EditorDocument>(new EditorDocument(project, chosen, definition));
+  document->read_only_ = project->IsReadOnly();
+  return document;
+}
+
+std::shared_ptr<zrsimprp::ProjectDatabase> EditorDocument::RoutedDatabase(
+    std::shared_ptr<zrsimprp::ProjectSettings> personal) const {
+  return std::make_shared<RoutedProject>(
+      project_, std::make_shared<SettingsRouter>(std::move(personal), project_->Settings()));
+}
+
+bool EditorDocument::ChangedElsewhere() const {
+  try {
+    return project_->SimulationDefinition(simulation_) != saved_definition_;
+  } catch (const std::exception&) {
+    // A simulation that can no longer be read was changed (or removed) by someone else.
+    return true;
+  }
 }
 
 EditorDocument::SaveOutcome EditorDocument::Save(const std::string& definition) {
   SaveOutcome outcome;
   if (IsBlank(definition)) {
     outcome.message = kNotWrittenMessage;
+    return outcome;
+  }
+  if (read_only_) {
+    outcome.message = kReadOnlyMessage;
     return outcome;
   }
   try {
@@ -65,6 +92,45 @@ EditorDocument::SaveOutcome EditorDocument::Save(const std::string& definition) 
         "The simulation could not be saved: " + Describe(error) + " The definition saved before is kept.";
     return outcome;
   }
+  saved_definition_ = definition;
+  outcome.saved = true;
+  return outcome;
+}
+
+EditorDocument::SaveOutcome EditorDocument::SaveAs(const std::string& path, const std::string& definition) {
+  namespace fs = std::filesystem;
+  SaveOutcome outcome;
+  if (IsBlank(definition)) {
+    outcome.message = kNotWrittenMessage;
+    return outcome;
+  }
+  std::error_code error;
+  if (path.empty() || fs::equivalent(path, project_->Path(), error)) {
+    outcome.message = "Save As needs a new file name, not the project file that is open. Nothing was saved.";
+    return outcome;
+  }
+  const bool existed = fs::exists(path, error);
+  fs::copy_file(project_->Path(), path, fs::copy_options::overwrite_existing, error);
+  if (error) {
+    outcome.message =
+        "The project could not be copied to '" + path + "': " + error.message() + ". Nothing was saved.";
+    return outcome;
+  }
+  // A copy of a read-only file is read-only too; the person asked for a file they can change.
+  fs::permissions(path, fs::perms::owner_write, fs::perm_options::add, error);
+  std::shared_ptr<zrsimprp::GeoPackageProject> copy;
+  try {
+    copy = zrsimprp::GeoPackageProject::Open(path);
+    copy->SaveSimulationDefinition(simulation_, definition);
+  } catch (const std::exception& failure) {
+    copy.reset();
+    if (!existed) fs::remove(path, error);
+    outcome.message =
+        "The simulation could not be saved in '" + path + "': " + Describe(failure) + " Nothing was saved.";
+    return outcome;
+  }
+  project_ = copy;
+  read_only_ = copy->IsReadOnly();
   saved_definition_ = definition;
   outcome.saved = true;
   return outcome;

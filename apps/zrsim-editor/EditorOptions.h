@@ -12,6 +12,7 @@ struct EditorOptions {
   std::string simulation;               // "" for the project's first simulation
   std::string screenshot_dir;           // "" for the interactive window
   bool exit_after_first_frame = false;  // show the window, tell how long its first frame took, and exit
+  bool dark = false;                    // the Fusion style with a dark palette
 };
 
 }  // namespace zrsim_editor

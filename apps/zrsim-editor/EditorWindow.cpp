@@ -1,10 +1,18 @@
 #include "zrsim-editor/EditorWindow.h"
 
 #include <QDialogButtonBox>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QKeySequence>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScreen>
+#include <QSettings>
+#include <QShortcut>
 #include <QVBoxLayout>
 
+#include "zrsim-editor/HelpBrowser.h"
+#include "zrsim-editor/PersonalSettings.h"
 #include "zrsim-editor/WarningsBar.h"
 #include "zrsimprp/host/RuntimeError.h"
 
@@ -12,9 +20,42 @@ namespace zrsim_editor {
 
 namespace {
 
+// Long enough to let a run of key strokes pass, short enough that the title follows the typing.
+constexpr int kModifiedCheckDelayMs = 150;
+
 std::string Describe(const std::exception& error) {
   if (const auto* runtime = dynamic_cast<const zrsimprp::RuntimeError*>(&error)) return runtime->description;
   return error.what();
+}
+
+QString ChoiceText(EditorWindow::Choice choice) {
+  switch (choice) {
+    case EditorWindow::Choice::kSave:
+      return EditorWindow::tr("&Save");
+    case EditorWindow::Choice::kDiscard:
+      return EditorWindow::tr("&Discard changes");
+    case EditorWindow::Choice::kGoBack:
+      return EditorWindow::tr("&Go back");
+    case EditorWindow::Choice::kOverwrite:
+      return EditorWindow::tr("&Overwrite");
+    case EditorWindow::Choice::kSaveAs:
+      return EditorWindow::tr("Save &As…");
+  }
+  return QString();
+}
+
+QMessageBox::ButtonRole ChoiceRole(EditorWindow::Choice choice) {
+  switch (choice) {
+    case EditorWindow::Choice::kSave:
+    case EditorWindow::Choice::kOverwrite:
+    case EditorWindow::Choice::kSaveAs:
+      return QMessageBox::AcceptRole;
+    case EditorWindow::Choice::kDiscard:
+      return QMessageBox::DestructiveRole;
+    case EditorWindow::Choice::kGoBack:
+      break;
+  }
+  return QMessageBox::RejectRole;
 }
 
 }  // namespace
@@ -27,12 +68,34 @@ EditorWindow::EditorWindow(EditorDocument& document, QWidget* parent) : QDialog(
   ok_ = buttons->addButton(QDialogButtonBox::Ok);
   cancel_ = buttons->addButton(QDialogButtonBox::Cancel);
   apply_ = buttons->addButton(QDialogButtonBox::Apply);
+  save_as_ = buttons->addButton(tr("Save &As…"), QDialogButtonBox::ActionRole);
   reset_ = buttons->addButton(QDialogButtonBox::Reset);
+  help_ = buttons->addButton(QDialogButtonBox::Help);
+  ok_->setToolTip(tr("Save the simulation's options and close the window"));
+  apply_->setToolTip(
+      tr("Save the simulation's options and keep the window open; enabled when there are "
+         "changes to save"));
+  save_as_->setToolTip(tr("Save a copy of the project, with these options, under a new file name"));
   reset_->setToolTip(tr("Replace every option by the project's defaults for a new simulation"));
+  help_->setToolTip(tr("Explain the options of the shown tab (F1)"));
   connect(ok_, &QPushButton::clicked, this, &EditorWindow::Ok);
   connect(cancel_, &QPushButton::clicked, this, &EditorWindow::reject);
   connect(apply_, &QPushButton::clicked, this, [this] { Apply(); });
+  connect(save_as_, &QPushButton::clicked, this, [this] { SaveAs(); });
   connect(reset_, &QPushButton::clicked, this, &EditorWindow::Reset);
+  connect(help_, &QPushButton::clicked, this, &EditorWindow::ShowHelp);
+  auto* f1 = new QShortcut(QKeySequence::HelpContents, this);
+  connect(f1, &QShortcut::activated, this, &EditorWindow::ShowHelp);
+
+  // The written definition is compared with the saved one only after the model settles, never per
+  // paint or per key stroke.
+  modified_timer_.setSingleShot(true);
+  modified_timer_.setInterval(kModifiedCheckDelayMs);
+  connect(&modified_timer_, &QTimer::timeout, this, &EditorWindow::CheckModified);
+  connect(properties_, &zrsimprp::SIMPropertiesWidget::ModelChanged, this,
+          &EditorWindow::ScheduleModifiedCheck);
+  connect(properties_, &zrsimprp::SIMPropertiesWidget::TabSwitching, this, &EditorWindow::BeforeTabSwitch);
+  connect(properties_, &zrsimprp::SIMPropertiesWidget::TabSwitched, this, &EditorWindow::AfterTabSwitch);
 
   auto* layout = new QVBoxLayout(this);
   layout->addWidget(properties_, 1);
@@ -40,6 +103,7 @@ EditorWindow::EditorWindow(EditorDocument& document, QWidget* parent) : QDialog(
   layout->addWidget(warnings_);
   layout->addWidget(buttons);
   UpdateTitle();
+  UpdateButtons();
 }
 
 void EditorWindow::SetMessageSink(MessageSink sink) {
@@ -52,41 +116,162 @@ void EditorWindow::SetMessageSink(MessageSink sink) {
                                                 zrsimprp::MessageIcon) { sink(text, title); });
 }
 
+std::shared_ptr<zrsimprp::ProjectSettings> EditorWindow::PersonalStore() const {
+  return std::make_shared<PersonalSettings>(document_.Project()->Path(), document_.SimulationName());
+}
+
 bool EditorWindow::Load() {
   try {
-    properties_->SetProjectDatabase(document_.Project());
+    properties_->SetProjectDatabase(document_.RoutedDatabase(PersonalStore()));
     properties_->SetDefinition(document_.SavedDefinition());
     properties_->Initialize();
   } catch (const std::exception& error) {
     Tell("The simulation '" + document_.SimulationName() + "' could not be loaded: " + Describe(error));
     return false;
   }
-  warnings_->ShowFindingsFor(document_.Project(), document_.SavedDefinition());
+  properties_->RefreshNow();
+  RememberSaved();
+  ShowWarnings();
   return true;
 }
 
+void EditorWindow::ShowWarnings() {
+  warnings_->ShowFindingsFor(document_.Project(), document_.SavedDefinition());
+}
+
+std::string EditorWindow::QuietDefinition() {
+  properties_->Platform().SetQuiet(true);
+  std::string text = properties_->Definition();
+  properties_->Platform().SetQuiet(false);
+  return text;
+}
+
+void EditorWindow::BeforeTabSwitch() { clean_before_switch_ = !IsModified(); }
+
+void EditorWindow::AfterTabSwitch() {
+  if (!clean_before_switch_) return;
+  clean_before_switch_ = false;
+  RememberSaved();
+}
+
+void EditorWindow::RememberSaved() {
+  saved_text_ = QuietDefinition();
+  modified_timer_.stop();
+  modified_ = saved_text_.empty();
+  UpdateTitle();
+  UpdateButtons();
+}
+
+void EditorWindow::ScheduleModifiedCheck() {
+  // Apply is offered at once, so that a click right after typing is never lost; the check that
+  // follows takes it back when the edit turned out to change nothing.
+  if (!document_.IsReadOnly()) apply_->setEnabled(true);
+  modified_timer_.start();
+}
+
+void EditorWindow::CheckModified() {
+  ++modified_checks_;
+  // A text that cannot be written is never taken for "nothing changed".
+  const std::string now = QuietDefinition();
+  modified_ = now.empty() || now != saved_text_;
+  UpdateTitle();
+  UpdateButtons();
+}
+
+bool EditorWindow::IsModified() {
+  if (modified_timer_.isActive()) {
+    modified_timer_.stop();
+    CheckModified();
+  }
+  return modified_;
+}
+
 bool EditorWindow::Apply() {
+  if (document_.IsReadOnly()) return SaveAs();
+  if (!IsModified()) {
+    UpdateButtons();
+    return true;
+  }
   // The control shows the page's own message when the shown page is not valid.
   if (!properties_->IsValid()) return false;
-  EditorDocument::SaveOutcome outcome = document_.Save(properties_->Definition());
+  const std::string text = properties_->Definition();
+  if (!text.empty() && document_.ChangedElsewhere() &&
+      Ask(kChangedElsewhereQuestion, {Choice::kOverwrite, Choice::kGoBack}) != Choice::kOverwrite) {
+    return false;
+  }
+  EditorDocument::SaveOutcome outcome = document_.Save(text);
   if (!outcome.saved) {
     Tell(outcome.message);
     return false;
   }
-  warnings_->ShowFindingsFor(document_.Project(), document_.SavedDefinition());
+  RememberSaved();
+  ShowWarnings();
   return true;
 }
 
+bool EditorWindow::SaveAs() {
+  if (!properties_->IsValid()) return false;
+  const std::string text = properties_->Definition();
+  if (text.empty()) {
+    Tell(EditorDocument::kNotWrittenMessage);
+    return false;
+  }
+  const std::string path = ChooseSaveAsPath();
+  if (path.empty()) return false;
+  EditorDocument::SaveOutcome outcome = document_.SaveAs(path, text);
+  if (!outcome.saved) {
+    Tell(outcome.message);
+    return false;
+  }
+  properties_->SetProjectDatabase(document_.RoutedDatabase(PersonalStore()));
+  RememberSaved();
+  ShowWarnings();
+  return true;
+}
+
+std::string EditorWindow::ChooseSaveAsPath() {
+  if (paths_) return paths_();
+  const QFileInfo current(QString::fromStdString(document_.Project()->Path()));
+  return QFileDialog::getSaveFileName(this, tr("Save the project as"), current.absolutePath(),
+                                      tr("Project files (*.gpkg)"))
+      .toStdString();
+}
+
 void EditorWindow::Ok() {
-  if (Apply()) accept();
+  if (!IsModified() || Apply()) accept();
+}
+
+void EditorWindow::reject() {
+  if (!IsModified()) {
+    QDialog::reject();
+    return;
+  }
+  const Choice save = document_.IsReadOnly() ? Choice::kSaveAs : Choice::kSave;
+  const Choice choice = Ask(kUnsavedQuestion, {save, Choice::kDiscard, Choice::kGoBack});
+  if (choice == Choice::kDiscard) {
+    QDialog::reject();
+  } else if (choice == save && Apply()) {
+    accept();
+  }
 }
 
 void EditorWindow::Reset() {
+  if (IsModified() && Ask(kResetQuestion, {Choice::kDiscard, Choice::kGoBack}) != Choice::kDiscard) return;
   try {
     properties_->ResetDefinition();
   } catch (const std::exception& error) {
     Tell("The default options could not be loaded: " + Describe(error));
   }
+  properties_->RefreshNow();
+  ScheduleModifiedCheck();
+}
+
+void EditorWindow::ShowHelp() {
+  if (help_browser_ == nullptr) help_browser_ = new HelpBrowser(this);
+  help_browser_->show();
+  help_browser_->raise();
+  help_browser_->ShowSection(
+      HelpBrowser::SectionFor(properties_->CurrentOuterTab(), properties_->CurrentInnerTab()));
 }
 
 void EditorWindow::Tell(const std::string& text) {
@@ -97,10 +282,66 @@ void EditorWindow::Tell(const std::string& text) {
   QMessageBox::warning(this, QString::fromUtf8(kTitle), QString::fromStdString(text));
 }
 
+EditorWindow::Choice EditorWindow::Ask(const std::string& text, const std::vector<Choice>& choices) {
+  if (questions_) return questions_(text, choices);
+  QMessageBox box(QMessageBox::Question, QString::fromUtf8(kTitle), QString::fromStdString(text),
+                  QMessageBox::NoButton, this);
+  std::vector<std::pair<QAbstractButton*, Choice>> buttons;
+  for (const Choice choice : choices)
+    buttons.emplace_back(box.addButton(ChoiceText(choice), ChoiceRole(choice)), choice);
+  box.setDefaultButton(static_cast<QPushButton*>(buttons.front().first));
+  box.exec();
+  for (const auto& [button, choice] : buttons) {
+    if (box.clickedButton() == button) return choice;
+  }
+  return Choice::kGoBack;
+}
+
 void EditorWindow::UpdateTitle() {
-  setWindowTitle(
-      QString::fromStdString(document_.SimulationName() + " - " + document_.Project()->Path() + " - ") +
-      QString::fromUtf8(kTitle));
+  const QString file = QString::fromStdString(document_.Project()->Path());
+  const QString state = document_.IsReadOnly() ? tr(" (read-only)") : QStringLiteral("[*]");
+  setWindowTitle(QString::fromStdString(document_.SimulationName()) + QStringLiteral(" — ") + file + state +
+                 QStringLiteral(" — ") + QString::fromUtf8(kTitle));
+  setWindowModified(modified_);
+}
+
+void EditorWindow::UpdateButtons() {
+  const bool read_only = document_.IsReadOnly();
+  ok_->setVisible(!read_only);
+  apply_->setVisible(!read_only);
+  save_as_->setVisible(read_only);
+  apply_->setEnabled(modified_);
+  cancel_->setText(read_only ? tr("&Close") : tr("Cancel"));
+  cancel_->setToolTip(read_only ? tr("Close the window; the read-only project is not changed")
+                                : tr("Close the window without saving (asks first when there are changes)"));
+}
+
+void EditorWindow::RestoreGeometry() {
+  QSettings settings;
+  const QByteArray geometry =
+      settings
+          .value(PersonalSettings::GroupFor(document_.Project()->Path(), document_.SimulationName()) +
+                 QStringLiteral("/window/geometry"))
+          .toByteArray();
+  if (geometry.isEmpty() || !restoreGeometry(geometry)) resize(DefaultSize());
+}
+
+QSize EditorWindow::DefaultSize() const {
+  const QSize wanted = sizeHint();
+  const QScreen* shown_on = screen();
+  return shown_on != nullptr ? wanted.boundedTo(shown_on->availableGeometry().size()) : wanted;
+}
+
+void EditorWindow::SaveGeometry() {
+  QSettings settings;
+  settings.setValue(PersonalSettings::GroupFor(document_.Project()->Path(), document_.SimulationName()) +
+                        QStringLiteral("/window/geometry"),
+                    saveGeometry());
+}
+
+void EditorWindow::done(int result) {
+  if (isVisible()) SaveGeometry();
+  QDialog::done(result);
 }
 
 }  // namespace zrsim_editor

@@ -26,7 +26,8 @@ std::vector<std::string> ScreenshotWriter::WriteAll(EditorWindow& window, const 
   if (!std::filesystem::is_directory(folder)) {
     throw EditorError("Cannot create the folder '" + folder + "' for the screenshots");
   }
-  window.resize(window.sizeHint().expandedTo(QSize(820, 640)));
+  // Drawn off screen: the whole form, whatever the size of the screen the platform pretends to have.
+  window.resize(window.sizeHint());
   window.show();
   std::vector<std::string> written;
   for (const Shot& shot : Shots()) {

@@ -19,45 +19,7 @@ namespace {
 using zrsim_editor::EditorDocument;
 using zrsim_editor::EditorWindow;
 
-class EditorWindowTest : public EditorFixture {
- protected:
-  // Opens the sample in a window whose messages are recorded instead of shown.
-  void OpenWindow() {
-    document_ = EditorDocument::Open(Sample(), "");
-    window_ = std::make_unique<EditorWindow>(*document_);
-    window_->SetMessageSink([this](const std::string& text, const std::string& title) {
-      shown_.push_back(Shown{text, title});
-    });
-    ASSERT_TRUE(window_->Load());
-  }
-
-  void CloseWindow() {
-    window_.reset();
-    document_.reset();
-  }
-
-  // The repetitions box as a person sees it: the line edit named after its label.
-  QLineEdit* RepsEdit() {
-    const QString name = zrsimprp::AccessibleText::FromCaption(
-        window_->Properties().Control().pagSimulation.labReps.Caption());
-    for (QLineEdit* edit : window_->findChildren<QLineEdit*>()) {
-      if (edit->accessibleName() == name) return edit;
-    }
-    return nullptr;
-  }
-
-  void TypeReps(const QString& text) {
-    window_->Properties().ShowOuterTab(0);
-    QLineEdit* edit = RepsEdit();
-    ASSERT_NE(edit, nullptr);
-    edit->selectAll();
-    QTest::keyClicks(edit, text);
-    window_->Properties().RefreshNow();
-  }
-
-  std::unique_ptr<EditorDocument> document_;
-  std::unique_ptr<EditorWindow> window_;
-};
+class EditorWindowTest : public EditorFixture {};
 
 TEST_F(EditorWindowTest, ValueTypedInTheFormIsThereAfterOkAndReopening) {
   OpenWindow();
@@ -89,6 +51,7 @@ TEST_F(EditorWindowTest, CancelSavesNothing) {
   const std::string before = StoredDefinition();
   OpenWindow();
   TypeReps("41");
+  answers_.push_back(EditorWindow::Choice::kDiscard);
   QTest::mouseClick(window_->CancelButton(), Qt::LeftButton);
   EXPECT_EQ(window_->result(), QDialog::Rejected);
   EXPECT_EQ(StoredDefinition(), before);

@@ -7,6 +7,7 @@
 #include "QtTestSupport.h"
 #include "zrsimprp/host/Grid.h"
 #include "zrsimprp/qt/GridBinder.h"
+#include "zrsimprp/qt/GridCellColors.h"
 
 namespace zrsimprp {
 namespace {
@@ -60,11 +61,13 @@ TEST_F(GridBinderTest, CellsShowTheGridsText) {
   EXPECT_EQ(Cell(1, 0).toString(), "Density:");
 }
 
-TEST_F(GridBinderTest, FixedCellsAreGreyFromThePaletteAndDataCellsUseBase) {
+TEST_F(GridBinderTest, FixedCellsAreHeadingsAndDataCellsUseBase) {
   const QPalette palette = view->palette();
-  EXPECT_EQ(Cell(0, 1, Qt::BackgroundRole).value<QColor>(), palette.color(QPalette::Button));
-  EXPECT_EQ(Cell(1, 0, Qt::BackgroundRole).value<QColor>(), palette.color(QPalette::Button));
+  const QColor heading = GridCellColors::For(GridCellColors::Kind::kHeading, palette).background;
+  EXPECT_EQ(Cell(0, 1, Qt::BackgroundRole).value<QColor>(), heading);
+  EXPECT_EQ(Cell(1, 0, Qt::BackgroundRole).value<QColor>(), heading);
   EXPECT_EQ(Cell(1, 1, Qt::BackgroundRole).value<QColor>(), palette.color(QPalette::Base));
+  EXPECT_GE(GridCellColors::ContrastRatio(heading, palette.color(QPalette::Base)), 1.5);
 }
 
 TEST_F(GridBinderTest, CellBackColorUnderADarkPaletteComesFromThatPalette) {
@@ -77,7 +80,11 @@ TEST_F(GridBinderTest, CellBackColorUnderADarkPaletteComesFromThatPalette) {
   RunEventLoopTurn();
   EXPECT_EQ(Cell(1, 1, Qt::BackgroundRole).value<QColor>(), QColor(25, 25, 25));
   EXPECT_EQ(Cell(1, 1, Qt::ForegroundRole).value<QColor>(), QColor(240, 240, 240));
-  EXPECT_EQ(Cell(1, 2, Qt::BackgroundRole).value<QColor>(), QColor(53, 53, 53));
+  // The greyed cell is lighter than the dark field, as far as it takes to tell them apart.
+  const QColor greyed = Cell(1, 2, Qt::BackgroundRole).value<QColor>();
+  EXPECT_EQ(greyed, GridCellColors::For(GridCellColors::Kind::kDisabled, dark).background);
+  EXPECT_GT(greyed.lightness(), 25);
+  EXPECT_GE(GridCellColors::ContrastRatio(greyed, QColor(25, 25, 25)), 1.5);
 }
 
 TEST_F(GridBinderTest, AlignmentFollowsTheGrid) {

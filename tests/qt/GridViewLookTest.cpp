@@ -13,6 +13,7 @@
 #include "QtTestSupport.h"
 #include "zrsimprp/host/Grid.h"
 #include "zrsimprp/qt/GridBinder.h"
+#include "zrsimprp/qt/GridCellColors.h"
 
 namespace zrsimprp {
 namespace {
@@ -64,6 +65,9 @@ class GridViewLookTest : public ::testing::Test {
     return image.pixelColor(cell.topLeft() + QPoint(2, 2));
   }
   QColor Role(QPalette::ColorRole role) const { return view->palette().color(QPalette::Active, role); }
+  QColor Kind(GridCellColors::Kind kind) const {
+    return GridCellColors::For(kind, view->palette()).background;
+  }
   int RowHeight() const { return view->rowHeight(0); }
   void Relayout() {
     RunEventLoopTurn();
@@ -108,7 +112,7 @@ TEST_F(GridViewLookTest, FixedCursorCellIsNeverPaintedSelected) {
   // Only a focus frame, drawn after keyboard navigation, may mark it.
   EXPECT_FALSE(Near(PaintedBackground(0, 1), Role(QPalette::Highlight)));
   other->setFocus();
-  EXPECT_EQ(PaintedBackground(0, 1), Role(QPalette::Button));
+  EXPECT_EQ(PaintedBackground(0, 1), Kind(GridCellColors::Kind::kHeading));
 }
 
 TEST_F(GridViewLookTest, FocusLeavingTheGridTakesTheHighlightAway) {
@@ -127,8 +131,8 @@ TEST_F(GridViewLookTest, GreyedCursorCellStaysGreyWithoutFocus) {
   grid.SetCol(2);
   Activate();
   other->setFocus();
-  EXPECT_EQ(PaintedBackground(1, 2), Role(QPalette::Button));
-  EXPECT_NE(Role(QPalette::Button), Role(QPalette::Base));
+  EXPECT_EQ(PaintedBackground(1, 2), Kind(GridCellColors::Kind::kDisabled));
+  EXPECT_NE(Kind(GridCellColors::Kind::kDisabled), Role(QPalette::Base));
 }
 
 TEST_F(GridViewLookTest, ModelWidthIsAMinimumForACaptionThatNeedsMore) {
@@ -240,10 +244,14 @@ TEST_F(GridViewLookTest, DarkPaletteGreysFixedAndGreyedCellsAndKeepsTextReadable
   grid.SetCol(2);
   Activate();
   other->setFocus();
-  EXPECT_EQ(PaintedBackground(0, 1), QColor(53, 53, 53));
-  EXPECT_EQ(PaintedBackground(1, 0), QColor(53, 53, 53));
-  EXPECT_EQ(PaintedBackground(1, 2), QColor(53, 53, 53));
+  const QColor heading = GridCellColors::For(GridCellColors::Kind::kHeading, dark).background;
+  const QColor greyed = GridCellColors::For(GridCellColors::Kind::kDisabled, dark).background;
+  EXPECT_EQ(PaintedBackground(0, 1), heading);
+  EXPECT_EQ(PaintedBackground(1, 0), heading);
+  EXPECT_EQ(PaintedBackground(1, 2), greyed);
   EXPECT_EQ(PaintedBackground(1, 1), QColor(35, 35, 35));
+  // Dark stays dark: the cells that are not fields are lighter greys, not light ones.
+  EXPECT_LT(heading.lightness(), 128);
   // The value "0" is drawn light on the dark cell.
   const QImage image = view->viewport()->grab().toImage();
   const QRect cell = view->visualRect(view->model()->index(1, 1));
@@ -258,8 +266,11 @@ TEST_F(GridViewLookTest, DisabledGridGreysItsText) {
   grid.SetEnabled(false);
   RunEventLoopTurn();
   const QVariant text = view->model()->data(view->model()->index(1, 1), Qt::ForegroundRole);
-  EXPECT_EQ(text.value<QColor>(), view->palette().color(QPalette::Disabled, QPalette::Text));
+  const QVariant back = view->model()->data(view->model()->index(1, 1), Qt::BackgroundRole);
+  EXPECT_EQ(text.value<QColor>(), GridCellColors::For(GridCellColors::Kind::kDisabled, view->palette()).text);
   EXPECT_NE(text.value<QColor>(), view->palette().color(QPalette::Active, QPalette::Text));
+  // Dimmed, yet still readable.
+  EXPECT_GE(GridCellColors::ContrastRatio(text.value<QColor>(), back.value<QColor>()), 4.5);
 }
 
 TEST_F(GridViewLookTest, LargerFontWidensTheColumnsAndRows) {

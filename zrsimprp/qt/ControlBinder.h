@@ -18,6 +18,7 @@ class ControlBinder : public ModelBinder {
   ControlBinder(Control& control, QWidget* widget);
 
   QWidget* Widget() const { return widget_; }
+  const Control& Model() const { return control_; }
 
  protected:
   void Refresh() final;

@@ -4,6 +4,7 @@
 
 #include "zrsimprp/host/Conversions.h"
 #include "zrsimprp/qt/EventBoundary.h"
+#include "zrsimprp/qt/GridCellColors.h"
 #include "zrsimprp/qt/PaletteColors.h"
 
 namespace zrsimprp {
@@ -41,6 +42,18 @@ bool GridTableModel::InGrid(const QModelIndex& index) const {
          index.row() < rows_ && index.column() < cols_;
 }
 
+std::optional<GridCellColors::Kind> GridTableModel::KindOf(int row, int col) const {
+  if (grid_.IsFixedCell(row, col)) return GridCellColors::Kind::kHeading;
+  const Color back = grid_.CellBackColor(row, col);
+  // A cell the page greyed, or any cell of a grid that takes no edits, is one a person cannot change.
+  if (back == grid_.BackColorFixed() || !grid_.Enabled() || !grid_.Editable()) {
+    return GridCellColors::Kind::kDisabled;
+  }
+  if (back == grid_.BackColor()) return GridCellColors::Kind::kEditable;
+  // A colour of the page's own choosing is shown as it is.
+  return std::nullopt;
+}
+
 QVariant GridTableModel::data(const QModelIndex& index, int role) const {
   if (!InGrid(index)) return QVariant();
   const int row = index.row();
@@ -52,8 +65,10 @@ QVariant GridTableModel::data(const QModelIndex& index, int role) const {
     case Qt::AccessibleTextRole:
       return QString::fromStdString(grid_.TextMatrix(row, col));
     case Qt::BackgroundRole:
+      if (const auto kind = KindOf(row, col)) return GridCellColors::For(*kind, palette).background;
       return PaletteColors::Background(grid_.CellBackColor(row, col), palette);
     case Qt::ForegroundRole:
+      if (const auto kind = KindOf(row, col)) return GridCellColors::For(*kind, palette).text;
       // A disabled grid's text is greyed like any other disabled control's.
       return PaletteColors::Foreground(grid_.CellBackColor(row, col), palette,
                                        grid_.Enabled() ? QPalette::Active : QPalette::Disabled);

@@ -3,8 +3,10 @@
 #include <QAbstractTableModel>
 #include <QPointer>
 #include <QWidget>
+#include <optional>
 
 #include "zrsimprp/host/Grid.h"
+#include "zrsimprp/qt/GridCellColors.h"
 
 namespace zrsimprp {
 
@@ -21,6 +23,9 @@ class GridTableModel : public QAbstractTableModel {
   // `palette_source` is the widget whose palette resolves the grid's system colours.
   GridTableModel(Grid& grid, QWidget* palette_source, QObject* parent);
 
+  // The headless grid the table shows.
+  const Grid& Model() const { return grid_; }
+
   int rowCount(const QModelIndex& parent = QModelIndex()) const override;
   int columnCount(const QModelIndex& parent = QModelIndex()) const override;
   QVariant data(const QModelIndex& index, int role) const override;
@@ -32,6 +37,8 @@ class GridTableModel : public QAbstractTableModel {
 
  private:
   bool InGrid(const QModelIndex& index) const;
+  // Which of the kinds a person tells apart the cell is; none for a colour the page chose itself.
+  std::optional<GridCellColors::Kind> KindOf(int row, int col) const;
 
   Grid& grid_;
   QPointer<QWidget> palette_source_;

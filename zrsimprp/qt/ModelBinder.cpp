@@ -11,6 +11,7 @@ ModelBinder::~ModelBinder() {
 void ModelBinder::ScheduleRefresh() {
   if (pending_) return;
   pending_ = true;
+  emit ModelChanged();
   // Queued with this binder as context: a binder deleted before the next turn is simply not called.
   QMetaObject::invokeMethod(
       this,

@@ -21,6 +21,10 @@ class ModelBinder : public QObject {
   bool RefreshPending() const { return pending_; }
   int RefreshCount() const { return refresh_count_; }
 
+ signals:
+  // The model changed since the last refresh; sent once per batch of changes.
+  void ModelChanged();
+
  protected:
   template <class Model>
   void Watch(Model& model) {

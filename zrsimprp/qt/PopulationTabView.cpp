@@ -16,7 +16,13 @@ PopulationTabView::PopulationTabView(TabStrip& strip, CPagPopulationDescription&
       covariates_view_(new CPagPopulationCovarsView(covariates, this)) {
   bar_->setAccessibleName(QStringLiteral("Population description"));
   bar_->setDrawBase(true);
+  // Connected around the binder's own connection, so that these run before and after the model
+  // hears of the switch.
+  connect(bar_, &QTabBar::currentChanged, this, [this, &strip](int index) {
+    if (index + 1 != strip.SelectedIndex()) emit TabSwitching();
+  });
   new TabStripBinder(strip, bar_);
+  connect(bar_, &QTabBar::currentChanged, this, &PopulationTabView::TabSwitched);
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
   layout->addWidget(bar_);

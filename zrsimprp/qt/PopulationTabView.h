@@ -27,6 +27,11 @@ class PopulationTabView : public QWidget {
   CPagPopulationCovarsView* CovariatesView() const { return covariates_view_; }
   std::vector<QWidget*> FocusChain() const;
 
+ signals:
+  // A person moves the inner tab: before the model hears of it, and after.
+  void TabSwitching();
+  void TabSwitched();
+
  private:
   QTabBar* bar_;
   CPagPopulationDescriptionView* population_view_;

@@ -20,6 +20,7 @@ QMessageBox* QtPlatform::CreateMessageBox(const std::string& text, const std::st
 }
 
 void QtPlatform::MessageBox(const std::string& text, const std::string& title, MessageIcon icon) {
+  if (quiet_) return;
   ++messages_shown_;
   if (message_sink_) {
     message_sink_(text, title, icon);
@@ -30,6 +31,7 @@ void QtPlatform::MessageBox(const std::string& text, const std::string& title, M
 }
 
 void QtPlatform::Beep() {
+  if (quiet_) return;
   ++beeps_;
   QApplication::beep();
 }

@@ -34,6 +34,10 @@ class QtPlatform : public Platform {
   // Messages go to the sink instead of a modal box; an empty sink restores the box.
   void SetMessageSink(MessageSink sink) { message_sink_ = std::move(sink); }
 
+  // While quiet, messages and beeps are dropped: for reading the model in the background, where a
+  // box would interrupt a person who asked for nothing.
+  void SetQuiet(bool quiet) { quiet_ = quiet; }
+
   int Beeps() const { return beeps_; }
   int MessagesShown() const { return messages_shown_; }
 
@@ -43,6 +47,7 @@ class QtPlatform : public Platform {
 
  private:
   bool user_mode_ = true;
+  bool quiet_ = false;
   QPointer<QWidget> dialog_parent_;
   MessageSink message_sink_;
   int beeps_ = 0;

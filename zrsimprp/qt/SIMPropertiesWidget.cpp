@@ -3,9 +3,11 @@
 #include <QCoreApplication>
 #include <QLayout>
 #include <QScrollArea>
+#include <QShortcut>
 #include <QStackedWidget>
 #include <QTabBar>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "zrsimprp/control/SIMProperties.h"
 #include "zrsimprp/qt/CPagAnalysesView.h"
@@ -14,6 +16,8 @@
 #include "zrsimprp/qt/CPagMiscView.h"
 #include "zrsimprp/qt/CPagSimulationView.h"
 #include "zrsimprp/qt/EventBoundary.h"
+#include "zrsimprp/qt/InputToolTips.h"
+#include "zrsimprp/qt/InvalidSpotMarker.h"
 #include "zrsimprp/qt/ModelBinder.h"
 #include "zrsimprp/qt/PopulationTabView.h"
 #include "zrsimprp/qt/TabControlBinder.h"
@@ -21,11 +25,16 @@
 namespace zrsimprp {
 namespace {
 
+// The outer tab that holds the inner General / Covariates strip.
+constexpr int kPopulationTab = 2;
+
 // Every page scrolls on its own when the control is smaller than the page.
 QScrollArea* Scrolling(QWidget* page, QWidget* parent) {
   auto* area = new QScrollArea(parent);
   area->setWidgetResizable(true);
   area->setFrameShape(QFrame::NoFrame);
+  // The area itself shows no focus: Tab passes on to the page's fields.
+  area->setFocusPolicy(Qt::NoFocus);
   area->setWidget(page);
   return area;
 }
@@ -41,17 +50,83 @@ SIMPropertiesWidget::SIMPropertiesWidget(QWidget* parent)
   outer_tabs_->setDrawBase(true);
   pages_ = new QStackedWidget(this);
   BuildPages();
+  connect(outer_tabs_, &QTabBar::currentChanged, this, [this](int index) {
+    if (index != CurrentOuterTab()) emit TabSwitching();
+  });
   outer_binder_ = new TabControlBinder(control_->tapSimulationDefinition, outer_tabs_, pages_);
+  connect(outer_tabs_, &QTabBar::currentChanged, this, &SIMPropertiesWidget::TabSwitched);
+  connect(population_view_, &PopulationTabView::TabSwitching, this, &SIMPropertiesWidget::TabSwitching);
+  connect(population_view_, &PopulationTabView::TabSwitched, this, &SIMPropertiesWidget::TabSwitched);
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
   layout->setSpacing(0);
   layout->addWidget(outer_tabs_);
   layout->addWidget(pages_, 1);
   SetUpTabOrder();
+  SetUpTabKeys();
+  ForwardModelChanges();
+  InputToolTips::Install(this);
+  MarkInvalidSpots();
+}
+
+void SIMPropertiesWidget::MarkInvalidSpots() {
+  SIMProperties& control = *control_;
+  for (PageControl* page : std::initializer_list<PageControl*>{
+           &control.pagSimulation, &control.pagDensity, &control.pagPopulation, &control.pagCovariates,
+           &control.pagDetectability, &control.pagAnalyses, &control.pagMisc}) {
+    markers_.push_back(new InvalidSpotMarker(*page, this));
+  }
+}
+
+QWidget* SIMPropertiesWidget::MarkedField() const {
+  for (const InvalidSpotMarker* marker : markers_) {
+    if (marker->MarkedWidget() != nullptr) return marker->MarkedWidget();
+  }
+  return nullptr;
+}
+
+QModelIndex SIMPropertiesWidget::MarkedCell() const {
+  for (const InvalidSpotMarker* marker : markers_) {
+    if (marker->MarkedWidget() != nullptr) return marker->MarkedCell();
+  }
+  return QModelIndex();
+}
+
+void SIMPropertiesWidget::ForwardModelChanges() {
+  for (ModelBinder* binder : findChildren<ModelBinder*>()) {
+    connect(binder, &ModelBinder::ModelChanged, this, &SIMPropertiesWidget::ModelChanged);
+  }
+}
+
+void SIMPropertiesWidget::SetUpTabKeys() {
+  const auto bind = [this](const QKeySequence& keys, int step) {
+    auto* shortcut = new QShortcut(keys, this);
+    shortcut->setContext(Qt::WidgetWithChildrenShortcut);
+    connect(shortcut, &QShortcut::activated, this, [this, step] { StepTab(step); });
+  };
+  bind(QKeySequence(Qt::CTRL | Qt::Key_Tab), 1);
+  bind(QKeySequence(Qt::CTRL | Qt::Key_PageDown), 1);
+  bind(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Backtab), -1);
+  bind(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Tab), -1);
+  bind(QKeySequence(Qt::CTRL | Qt::Key_PageUp), -1);
+}
+
+void SIMPropertiesWidget::StepTab(int step) {
+  const int outer = CurrentOuterTab();
+  if (outer == kPopulationTab) {
+    const int inner = CurrentInnerTab() + step;
+    if (inner >= 1 && inner <= control_->tabsPopulationDescription.TabCount()) {
+      ShowInnerTab(inner);
+      return;
+    }
+  }
+  const int count = control_->tapSimulationDefinition.TabCount();
+  ShowOuterTab((outer + step + count) % count);
 }
 
 SIMPropertiesWidget::~SIMPropertiesWidget() {
   // The views watch the model: they go before it does.
+  for (InvalidSpotMarker* marker : markers_) delete marker;
   delete outer_tabs_;
   delete pages_;
 }
@@ -98,15 +173,30 @@ SIMProperties& SIMPropertiesWidget::Control() { return *control_; }
 QtPlatform& SIMPropertiesWidget::Platform() { return platform_; }
 
 void SIMPropertiesWidget::ShowOuterTab(int index) {
+  emit TabSwitching();
   EventBoundary::Run(this, "TabControl_Click",
                      [this, index] { control_->tapSimulationDefinition.UserSelectTab(index); });
   RefreshNow();
+  emit TabSwitched();
 }
 
 void SIMPropertiesWidget::ShowInnerTab(int index) {
+  emit TabSwitching();
   EventBoundary::Run(this, "TabStrip_Click",
                      [this, index] { control_->tabsPopulationDescription.UserClickTab(index); });
   RefreshNow();
+  emit TabSwitched();
+}
+
+QSize SIMPropertiesWidget::sizeHint() const {
+  QSize pages(0, 0);
+  for (int i = 0; i < pages_->count(); ++i) {
+    const auto* area = qobject_cast<const QScrollArea*>(pages_->widget(i));
+    const QWidget* page = area != nullptr ? area->widget() : pages_->widget(i);
+    if (page != nullptr) pages = pages.expandedTo(page->sizeHint());
+  }
+  const QSize bar = outer_tabs_->sizeHint();
+  return QSize(std::max(bar.width(), pages.width()), bar.height() + pages.height());
 }
 
 int SIMPropertiesWidget::CurrentOuterTab() const { return control_->tapSimulationDefinition.CurrentTab(); }

@@ -1,9 +1,11 @@
 #pragma once
 
 #include <QImage>
+#include <QModelIndex>
 #include <QWidget>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "zrsimprp/qt/QtPlatform.h"
 
@@ -16,6 +18,7 @@ namespace zrsimprp {
 class ProjectDatabase;
 class SIMProperties;
 class TabControlBinder;
+class InvalidSpotMarker;
 class CPagSimulationView;
 class CPagDensityView;
 class PopulationTabView;
@@ -50,17 +53,40 @@ class SIMPropertiesWidget : public QWidget {
   int CurrentOuterTab() const;
   int CurrentInnerTab() const;
 
+  // Room for the tab bar and the largest page, so that no page needs its scroll bars.
+  QSize sizeHint() const override;
+
   // Brings every view up to date with the model now instead of at the next turn of the event loop.
   void RefreshNow();
   // The control as it is drawn now, pending refreshes applied; for screenshots and documentation.
   QImage Render();
 
+  // The field or grid the last refused check pointed at (null when none), and the grid cell.
+  QWidget* MarkedField() const;
+  QModelIndex MarkedCell() const;
+
   QTabBar* OuterTabBar() const { return outer_tabs_; }
   QTabBar* InnerTabBar() const;
+
+  // Ctrl+Tab / Ctrl+PgDn (step +1) and Ctrl+Shift+Tab / Ctrl+PgUp (step -1): on the Population tab
+  // the inner tab moves first, as in nested tab widgets; the outer tab moves through the same
+  // checks as a click, wrapping round at the ends.
+  void StepTab(int step);
+
+ signals:
+  // Something in the model changed; sent at most once per turn of the event loop per control.
+  void ModelChanged();
+  // A person moves a tab (outer or inner): before the model hears of it, and after (whether the model
+  // accepted the move or not). Entering a page may rebuild what the page derives from the others.
+  void TabSwitching();
+  void TabSwitched();
 
  private:
   void BuildPages();
   void SetUpTabOrder();
+  void SetUpTabKeys();
+  void ForwardModelChanges();
+  void MarkInvalidSpots();
 
   QtPlatform platform_;
   std::unique_ptr<SIMProperties> control_;
@@ -73,6 +99,7 @@ class SIMPropertiesWidget : public QWidget {
   CPagDetectabilityView* detectability_view_ = nullptr;
   CPagAnalysesView* analyses_view_ = nullptr;
   CPagMiscView* misc_view_ = nullptr;
+  std::vector<InvalidSpotMarker*> markers_;
 };
 
 }  // namespace zrsimprp

@@ -1,5 +1,7 @@
 #include "zrsimprp/qt/TabControlBinder.h"
 
+#include <QSignalBlocker>
+
 #include "zrsimprp/qt/AccessibleText.h"
 #include "zrsimprp/qt/EventBoundary.h"
 
@@ -25,7 +27,12 @@ void TabControlBinder::Mirror() {
 
 void TabControlBinder::OnCurrentChanged(int index) {
   if (Mirroring() || index < 0) return;
-  // A refused or failed change leaves the model where it was; the refresh puts the bar back there.
+  // The bar has already moved; it goes back to the page being left while that page is checked, so
+  // that a refusal's message is shown over the page that refused.
+  {
+    const QSignalBlocker quiet(bar_);
+    bar_->setCurrentIndex(tabs_.CurrentTab());
+  }
   EventBoundary::Run(this, "TabControl_Click", [this, index] { tabs_.UserSelectTab(index); });
   RefreshNow();
 }

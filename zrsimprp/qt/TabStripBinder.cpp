@@ -1,5 +1,7 @@
 #include "zrsimprp/qt/TabStripBinder.h"
 
+#include <QSignalBlocker>
+
 #include "zrsimprp/qt/AccessibleText.h"
 #include "zrsimprp/qt/EventBoundary.h"
 
@@ -24,6 +26,12 @@ void TabStripBinder::Mirror() {
 
 void TabStripBinder::OnCurrentChanged(int index) {
   if (Mirroring() || index < 0) return;
+  // The bar has already moved; it goes back to the page being left while that page is checked, so
+  // that a refusal's message is shown over the page that refused.
+  {
+    const QSignalBlocker quiet(bar_);
+    bar_->setCurrentIndex(strip_.SelectedIndex() - 1);
+  }
   EventBoundary::Run(this, "TabStrip_Click", [this, index] { strip_.UserClickTab(index + 1); });
   RefreshNow();
 }

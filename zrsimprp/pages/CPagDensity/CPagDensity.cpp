@@ -166,13 +166,16 @@ void CPagDensity::SetHotspotValues(int16_t k, const std::string& value) {
 }
 
 bool CPagDensity::IsValid(std::string& validation_string) {
+  ClearInvalid();
   return CModErrorHandling::RunPageChecks(validation_string, [this] {
     std::string message = GridSpacingFailure();
+    if (!message.empty()) MarkInvalid(txtGridSpace);
     if (message.empty()) {
       if (optDensity.Value(kUniformOption)) {
         message = UniformDensityFailure();
       } else if (optDensity.Value(kSimpleOption)) {
         message = FormulaFailure();
+        if (!message.empty()) MarkInvalid(txtFormula);
       }
     }
     if (message.empty() && chkHotspots.Value() == CheckBox::kChecked) message = HotspotFailure();
@@ -298,9 +301,10 @@ std::string CPagDensity::GridSpacingFailure() const {
   return "";
 }
 
-std::string CPagDensity::UniformDensityFailure() const {
+std::string CPagDensity::UniformDensityFailure() {
   for (int c = kFirstStratumColumn; c < flxConstantDensity.Cols(); ++c) {
     if (flxConstantDensity.TextMatrix(kDensityRow, c).empty()) {
+      MarkInvalid(flxConstantDensity, kDensityRow, c);
       return "There is a blank cell in the column of the population size table for strata '" +
              flxConstantDensity.TextMatrix(kStrataLabelRow, c) + "'.  Please enter a value in that cell.";
     }
@@ -336,15 +340,17 @@ std::string CPagDensity::FormulaFailure() const {
   return "";
 }
 
-std::string CPagDensity::HotspotFailure() const {
+std::string CPagDensity::HotspotFailure() {
   const int rows = flxHotspots.Rows();
   if (rows < 2) {
+    MarkInvalid(flxHotspots);
     return "You have checked the option to add hotspots but have not added any information to the table "
            "defining the location, size and magnitude of them.";
   }
   for (int r = 1; r < rows; ++r) {
     for (int c = 0; c < kHotspotParameters; ++c) {
       if (flxHotspots.TextMatrix(r, c).empty()) {
+        MarkInvalid(flxHotspots, r, c);
         return "There is a missing value in row " + std::to_string(r) + " of the " +
                flxHotspots.TextMatrix(0, c) +
                " column in the hotspots table. Please complete this information.";
@@ -354,6 +360,7 @@ std::string CPagDensity::HotspotFailure() const {
   for (int r = 1; r < rows; ++r) {
     // A sigma that is not a number raises here and is caught by IsValid's trap.
     if (!(ToDouble(flxHotspots.TextMatrix(r, kSigmaColumn)) > 0)) {
+      MarkInvalid(flxHotspots, r, kSigmaColumn);
       return "The value of sigma in row " + std::to_string(r) +
              " of the hotspots table must be greater than zero. Please correct this information.";
     }

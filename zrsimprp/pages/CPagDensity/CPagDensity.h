@@ -72,9 +72,9 @@ class CPagDensity : public PageControl {
   void PaintHotspotCells(Color color);
   // Each gives the message of its first failing check, or "" when its checks pass.
   std::string GridSpacingFailure() const;
-  std::string UniformDensityFailure() const;
+  std::string UniformDensityFailure();
   std::string FormulaFailure() const;
-  std::string HotspotFailure() const;
+  std::string HotspotFailure();
 
   Platform& platform_;
 };

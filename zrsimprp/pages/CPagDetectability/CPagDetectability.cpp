@@ -121,6 +121,7 @@ int16_t CPagDetectability::ParamRow(const std::string& param_name) {
 }
 
 bool CPagDetectability::IsValid(std::string& message) {
+  ClearInvalid();
   return CModErrorHandling::RunPageChecks(message, [this]() -> std::string {
     const Color normal = flxDetect.BackColor();
     for (int row = 1; row < flxDetect.Rows(); ++row) {
@@ -129,6 +130,7 @@ bool CPagDetectability::IsValid(std::string& message) {
         const std::string& text = flxDetect.TextMatrix(row, col);
         const std::string& name = flxDetect.TextMatrix(row, 0);
         const std::string& stratum = flxDetect.TextMatrix(0, col);
+        if (text.empty() || !IsNumeric(text)) MarkInvalid(flxDetect, row, col);
         if (text.empty()) {
           return "There is no value supplied for parameter " + name + " for strata '" + stratum +
                  "'.  Please enter a value in this cell.";

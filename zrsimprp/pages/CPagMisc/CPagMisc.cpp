@@ -44,8 +44,10 @@ void CPagMisc::SetCores(const std::string& value) {
 }
 
 bool CPagMisc::IsValid(std::string& message) {
+  ClearInvalid();
   return CModErrorHandling::RunPageChecks(message, [this]() -> std::string {
     if (chkParallel.Value() != CheckBox::kChecked || IsCoreLimit(txtCores.Text())) return "";
+    MarkInvalid(txtCores);
     return "The maximum number of cores must either be an integer or left blank.";
   });
 }

@@ -225,6 +225,7 @@ void CPagPopulationCovars::UpdateContinuousSummary() {
 // Validation
 
 bool CPagPopulationCovars::IsValid(std::string& message) {
+  ClearInvalid();
   return CModErrorHandling::RunPageChecks(message, [this] {
     std::string failure = CheckCategorical();
     if (failure.empty()) failure = CheckContinuous();
@@ -236,11 +237,16 @@ std::string CPagPopulationCovars::CheckCategorical() {
   if (chkCategoricalCov.Value() != CheckBox::kChecked) return "";
   const std::string& name = txtCategoricalCov.Text();
   if (name.empty()) {
+    MarkInvalid(txtCategoricalCov);
     return "You have not entered a name for the categorical covariate.  Please provide the covariate name.";
   }
   std::string name_message;
-  if (!CModGlobal::CheckCovariateName(name, name_message)) return name_message;
+  if (!CModGlobal::CheckCovariateName(name, name_message)) {
+    MarkInvalid(txtCategoricalCov);
+    return name_message;
+  }
   if (flxCategoricalCov.Cols() < 2) {
+    MarkInvalid(flxCategoricalCov);
     return "You have not entered any information in the table relating to the categorical covariate.  Please "
            "create some additional columns and provide the required values.";
   }
@@ -254,18 +260,24 @@ std::string CPagPopulationCovars::CheckCategoricalLevels() {
     const std::string column = std::to_string(c);
     const std::string& level = flxCategoricalCov.TextMatrix(0, c);
     if (level.empty()) {
+      MarkInvalid(flxCategoricalCov, 0, c);
       return "There is a blank cell in the first row of column " + column +
              ".  Please enter a value in that cell.";
     }
     std::string name_message;
-    if (!CModGlobal::CheckCovariateName(level, name_message)) return name_message;
+    if (!CModGlobal::CheckCovariateName(level, name_message)) {
+      MarkInvalid(flxCategoricalCov, 0, c);
+      return name_message;
+    }
     const std::string& probability = flxCategoricalCov.TextMatrix(1, c);
     if (probability.empty()) {
+      MarkInvalid(flxCategoricalCov, 1, c);
       return "There is a blank cell in the second row of column " + column +
              ".  Please enter a value in that cell.";
     }
     sum += ToDouble(probability);
   }
+  if (sum != 1.0) MarkInvalid(flxCategoricalCov);
   if (sum != 1.0) return "The probabilities in the table do not sum to 1.  Please ammend these values.";
   return "";
 }
@@ -274,18 +286,25 @@ std::string CPagPopulationCovars::CheckContinuous() {
   if (chkContinuousCov.Value() != CheckBox::kChecked) return "";
   const std::string& name = txtContinuousCov.Text();
   if (name.empty()) {
+    MarkInvalid(txtContinuousCov);
     // The continuous covariate shares the categorical wording.
     return "You have not entered a name for the categorical covariate.  Please provide the covariate name.";
   }
   std::string name_message;
-  if (!CModGlobal::CheckCovariateName(name, name_message)) return name_message;
+  if (!CModGlobal::CheckCovariateName(name, name_message)) {
+    MarkInvalid(txtContinuousCov);
+    return name_message;
+  }
   if (!IsMuSigmaDistribution(cboDistribution.Text())) {
+    MarkInvalid(cboDistribution);
     return "No parameter distribution has been specified.  Please select a distribution.";
   }
   if (flxContinuousCov.TextMatrix(1, 1).empty()) {
+    MarkInvalid(flxContinuousCov, 1, 1);
     return "A value has not been specified for mu.  Please supply this value.";
   }
   const std::string& sigma = flxContinuousCov.TextMatrix(1, 2);
+  if (sigma.empty() || ToDouble(sigma) <= 0) MarkInvalid(flxContinuousCov, 1, 2);
   if (sigma.empty()) return "A value has not been specified for sigma.  Please supply this value.";
   if (ToDouble(sigma) <= 0) {
     return "The value provided for sigma should be greater than 0.  Please ammend this value.";

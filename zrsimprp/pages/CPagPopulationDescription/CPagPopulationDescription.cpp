@@ -300,6 +300,7 @@ double CPagPopulationDescription::ClusterDistributionMean() {
 // Validation
 
 bool CPagPopulationDescription::IsValid(std::string& message) {
+  ClearInvalid();
   return CModErrorHandling::RunPageChecks(message, [this] {
     std::string failure = CheckPopulationSize();
     if (failure.empty()) failure = CheckClusters();
@@ -313,6 +314,7 @@ std::string CPagPopulationDescription::CheckPopulationSize() {
   for (int c = 1; c < flxN.Cols(); ++c) {
     const std::string& value = flxN.TextMatrix(1, c);
     const std::string& stratum = flxN.TextMatrix(0, c);
+    if (value.empty() || ToDouble(value) < 0) MarkInvalid(flxN, 1, c);
     if (value.empty()) {
       return "There is a blank cell in the column of the population size table for strata '" + stratum +
              "'.  Please enter a value in that cell.";
@@ -339,6 +341,7 @@ std::string CPagPopulationDescription::CheckClusters() {
 
 std::string CPagPopulationDescription::CheckClusterPmf() {
   if (flxClusterSize.Cols() < 2) {
+    MarkInvalid(flxClusterSize);
     return "You have not entered any information in the cluster size table.  Please create some additional "
            "columns and provide the required values.";
   }
@@ -347,6 +350,7 @@ std::string CPagPopulationDescription::CheckClusterPmf() {
   for (int c = 1; c < flxClusterSize.Cols(); ++c) {
     const std::string column = std::to_string(c);
     const std::string& size = flxClusterSize.TextMatrix(0, c);
+    if (size.empty() || ToDouble(size) < 1) MarkInvalid(flxClusterSize, 0, c);
     if (size.empty()) {
       return "The cluster size value in column " + column +
              " of the cluster size table has not been entered.  Please supply this value.";
@@ -357,17 +361,20 @@ std::string CPagPopulationDescription::CheckClusterPmf() {
     }
     const std::string& probability_text = flxClusterSize.TextMatrix(1, c);
     if (probability_text.empty()) {
+      MarkInvalid(flxClusterSize, 1, c);
       return "The probability value in column " + column +
              " of the cluster size table has not been entered.  Please supply this value.";
     }
     const double probability = ToDouble(probability_text);
     if (probability < 0 || probability > 1) {
+      MarkInvalid(flxClusterSize, 1, c);
       return "The probability in column " + column +
              " of the cluster size table must be a value between 0 and 1.  Please ammend this value.";
     }
     sum += probability;
   }
   if (sum != 1.0) {
+    MarkInvalid(flxClusterSize);
     return "The probabilities in the cluster size table do not sum to 1.  Please ammend these values.";
   }
   return "";
@@ -377,6 +384,7 @@ std::string CPagPopulationDescription::CheckClusterParameters() {
   const std::string& distribution = cboDistribution.Text();
   if (TextEquals(distribution, kPoisson)) {
     const std::string& lambda = flxClusterParam.TextMatrix(1, 1);
+    if (lambda.empty() || ToDouble(lambda) < 1) MarkInvalid(flxClusterParam, 1, 1);
     if (lambda.empty()) return "A value has not been specified for lambda.  Please supply this value.";
     if (ToDouble(lambda) < 1)
       return "The value provided for lambda is less than 1.  Please ammend this value.";
@@ -385,16 +393,22 @@ std::string CPagPopulationDescription::CheckClusterParameters() {
   if (TextEquals(distribution, kNegativeBinomial)) {
     const std::string& p = flxClusterParam.TextMatrix(1, 2);
     const std::string& r = flxClusterParam.TextMatrix(1, 1);
-    if (p.empty() || r.empty())
+    if (p.empty() || r.empty()) {
+      MarkInvalid(flxClusterParam, 1, r.empty() ? 1 : 2);
       return "A value has not been specified for either r or p.  Please supply this value.";
-    if (ToDouble(r) <= 0)
+    }
+    if (ToDouble(r) <= 0) {
+      MarkInvalid(flxClusterParam, 1, 1);
       return "The value provided for r must be greater than 0.  Please ammend this value.";
+    }
     const double p_value = ToDouble(p);
     if (p_value < 0 || p_value > 1) {
+      MarkInvalid(flxClusterParam, 1, 2);
       return "The value provided for p must be between 0 and 1.  Please ammend this value.";
     }
     return "";
   }
+  MarkInvalid(cboDistribution);
   return "No cluster size distribution has been specified.  Please select a distribution.";
 }
 

@@ -160,7 +160,12 @@ void CPagSimulation::SelectByKey(const KeyedList& list, ComboBox& combo, const s
 
 bool CPagSimulation::IsValid(std::string& validation_string) {
   validation_string = "";
-  return CModErrorHandling::RunPageChecks(validation_string, [this] { return RepetitionsFailure(); });
+  ClearInvalid();
+  return CModErrorHandling::RunPageChecks(validation_string, [this] {
+    std::string message = RepetitionsFailure();
+    if (!message.empty()) MarkInvalid(txtReps);
+    return message;
+  });
 }
 
 // The message for repetitions that are not a positive whole number, or "".

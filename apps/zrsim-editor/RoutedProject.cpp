@@ -1,0 +1,11 @@
+#include "zrsim-editor/RoutedProject.h"
+
+#include <utility>
+
+namespace zrsim_editor {
+
+RoutedProject::RoutedProject(std::shared_ptr<zrsimprp::ProjectDatabase> project,
+                             std::shared_ptr<zrsimprp::ProjectSettings> settings)
+    : project_(std::move(project)), settings_(std::move(settings)) {}
+
+}  // namespace zrsim_editor
