@@ -164,6 +164,8 @@ class MemoryLayer : public Layer {
         rows.push_back(data_.ids);
       } else if (!data_.label_field.empty() && TextEquals(field, data_.label_field)) {
         rows.push_back(data_.labels);
+      } else if (const std::vector<Variant>* values = FieldValues(field)) {
+        rows.push_back(*values);
       } else {
         throw RuntimeError(error_number::kInvalidProcedureCall, "Layer",
                            "The layer '" + data_.name + "' has no field '" + field + "'");
@@ -188,6 +190,13 @@ class MemoryLayer : public Layer {
   }
 
  private:
+  const std::vector<Variant>* FieldValues(const std::string& field) const {
+    for (const auto& [name, values] : data_.fields) {
+      if (TextEquals(name, field)) return &values;
+    }
+    return nullptr;
+  }
+
   std::shared_ptr<Database> database_;
   Database::LayerData data_;
   std::optional<std::unordered_set<std::string>> id_texts_;
@@ -322,6 +331,22 @@ void MemoryProjectDatabase::Touch(const std::string& operation, const std::strin
 const MemoryProjectDatabase::LayerData* MemoryProjectDatabase::FindLayer(const std::string& name) const {
   const auto it = state_->layers.find(ToLowerAscii(name));
   return it == state_->layers.end() ? nullptr : &it->second;
+}
+
+std::optional<LayerShapes> MemoryProjectDatabase::LayerGeometry(const std::string& layer_name) {
+  Touch("LayerGeometry", "LayerGeometrySource");
+  const LayerData* layer = FindLayer(layer_name);
+  if (layer == nullptr || layer->shapes.empty()) return std::nullopt;
+  LayerShapes shapes;
+  shapes.reference = layer->reference;
+  for (size_t i = 0; i < layer->shapes.size(); ++i) {
+    StratumGeometry stratum;
+    if (i < layer->ids.size()) stratum.id = VariantToText(layer->ids[i]);
+    if (i < layer->labels.size()) stratum.label = VariantToText(layer->labels[i]);
+    stratum.polygons = layer->shapes[i];
+    shapes.strata.push_back(std::move(stratum));
+  }
+  return shapes;
 }
 
 std::shared_ptr<ProjectSettings> MemoryProjectDatabase::Settings() {

@@ -8,6 +8,7 @@
 #include <tuple>
 #include <vector>
 
+#include "zrsimprp/host/LayerGeometrySource.h"
 #include "zrsimprp/host/ProjectDatabase.h"
 
 namespace zrsimprp {
@@ -15,6 +16,7 @@ namespace zrsimprp {
 // An in-memory project for embedders' tests, filled with builder calls. Any operation can be made to
 // fail with FailOn(name), for testing error paths; calls are counted by name.
 class MemoryProjectDatabase : public ProjectDatabase,
+                              public LayerGeometrySource,
                               public std::enable_shared_from_this<MemoryProjectDatabase> {
  public:
   struct LayerData {
@@ -25,6 +27,11 @@ class MemoryProjectDatabase : public ProjectDatabase,
     std::string label_field;  // "" for no label field
     std::vector<Variant> ids;
     std::vector<Variant> labels;
+    // Further fields GetRows can read (a DSM value, say): name and one value per record.
+    std::vector<std::pair<std::string, std::vector<Variant>>> fields;
+    // The map geometry, one entry per record; a layer with none has no geometry to give.
+    std::vector<std::vector<MapPolygon>> shapes;
+    CoordinateReference reference;
   };
   struct SettingWrite {
     int32_t a;
@@ -61,6 +68,10 @@ class MemoryProjectDatabase : public ProjectDatabase,
   std::vector<std::shared_ptr<RecordGroup<SurveyRecord>>> SurveyGroups() override;
   std::vector<std::shared_ptr<DataFilter>> DataFilters() override;
   std::vector<std::shared_ptr<ModelDefinition>> ModelDefinitions() override;
+
+  // LayerGeometrySource: the shapes given with the layer; no value for an unknown layer or one
+  // added without shapes.
+  std::optional<LayerShapes> LayerGeometry(const std::string& layer_name) override;
 
   // Used by the objects this database hands out.
   void Touch(const std::string& operation, const std::string& source);
