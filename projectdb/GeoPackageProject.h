@@ -2,10 +2,12 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "projectdb/PolygonFeature.h"
+#include "zrsimprp/host/LayerGeometrySource.h"
 #include "zrsimprp/host/ProjectDatabase.h"
 
 namespace zrsimprp {
@@ -17,7 +19,9 @@ class SqliteStatement;
 // tables hold the surveys, designs, data filters, model definitions, simulations, settings and engine
 // defaults. Every failure is a RuntimeError whose description a person can act on; every write is one
 // transaction.
-class GeoPackageProject : public ProjectDatabase, public std::enable_shared_from_this<GeoPackageProject> {
+class GeoPackageProject : public ProjectDatabase,
+                          public LayerGeometrySource,
+                          public std::enable_shared_from_this<GeoPackageProject> {
  public:
   // Guards against damaged or hostile files: a statement that runs longer than this many virtual
   // machine steps is interrupted and reported.
@@ -107,6 +111,9 @@ class GeoPackageProject : public ProjectDatabase, public std::enable_shared_from
   std::vector<std::shared_ptr<RecordGroup<SurveyRecord>>> SurveyGroups() override;
   std::vector<std::shared_ptr<DataFilter>> DataFilters() override;
   std::vector<std::shared_ptr<ModelDefinition>> ModelDefinitions() override;
+
+  // LayerGeometrySource (GeoPackageProjectGeometry.cpp): the layer's polygons from its geometry blobs.
+  std::optional<LayerShapes> LayerGeometry(const std::string& layer_name) override;
 
   // The open file, for the objects this project hands out.
   SqliteConnection& Connection() { return *connection_; }
