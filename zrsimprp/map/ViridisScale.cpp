@@ -7,8 +7,8 @@ namespace zrsimprp {
 
 namespace {
 
-// A degree-6 polynomial fit of viridis per channel (coefficients of t^0 … t^6); within about one
-// level in 255 of the tabulated map.
+// A degree-6 polynomial fit of viridis per channel (coefficients of t^0 … t^6); within a few levels
+// in 255 of the tabulated map, which the eye does not tell apart.
 constexpr double kRed[] = {0.2777273272234177, 0.1050930431085774, -0.3308618287255563, -4.634230498983486,
                            6.228269936347081,  4.776384997670288,  -5.435455855934631};
 constexpr double kGreen[] = {0.005407344544966578, 1.404613529898575, 0.214847559468213, -5.799100973351585,
