@@ -41,7 +41,7 @@ if(ZRSIMPRP_HAS_PROJECTDB)
           COMPONENT development FILES_MATCHING PATTERN "*.h" PATTERN "tools" EXCLUDE)
 endif()
 
-foreach(program zrsim zrsim-editor)
+foreach(program zrsim zrsim-map zrsim-editor)
   if(TARGET ${program})
     install(TARGETS ${program} RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT applications)
   endif()

@@ -33,7 +33,32 @@ MapPoint RingCentroid(const std::vector<MapPoint>& ring, double& twice_area) {
   return {cx / (3 * twice_area), cy / (3 * twice_area)};
 }
 
-// Where a stratum's name goes: the centre of its largest part.
+// A point inside the polygon for its label: on the level of the outer ring's centre, the middle of the
+// widest stretch that lies inside (so a label never sits in a hole or outside a concave shape).
+MapPoint InsidePoint(const MapPolygon& polygon, const MapPoint& centre) {
+  std::vector<double> crossings;
+  for (const auto& ring : polygon.rings) {
+    for (size_t i = 0; i < ring.size(); ++i) {
+      const MapPoint& a = ring[i];
+      const MapPoint& b = ring[(i + 1) % ring.size()];
+      if ((a.y > centre.y) != (b.y > centre.y)) {
+        crossings.push_back(a.x + (centre.y - a.y) * (b.x - a.x) / (b.y - a.y));
+      }
+    }
+  }
+  std::sort(crossings.begin(), crossings.end());
+  MapPoint best = centre;
+  double widest = -1;
+  for (size_t i = 0; i + 1 < crossings.size(); i += 2) {
+    if (crossings[i + 1] - crossings[i] > widest) {
+      widest = crossings[i + 1] - crossings[i];
+      best = {(crossings[i] + crossings[i + 1]) / 2, centre.y};
+    }
+  }
+  return best;
+}
+
+// Where a stratum's name goes: inside its largest part.
 MapPoint LabelPoint(const StratumGeometry& stratum) {
   MapPoint best;
   double best_area = -1;
@@ -43,7 +68,7 @@ MapPoint LabelPoint(const StratumGeometry& stratum) {
     const MapPoint centre = RingCentroid(polygon.rings.front(), twice_area);
     if (std::fabs(twice_area) > best_area) {
       best_area = std::fabs(twice_area);
-      best = centre;
+      best = InsidePoint(polygon, centre);
     }
   }
   return best;
@@ -73,12 +98,8 @@ void DensityMapBuilder::AddOutlines(MapModel& model, const MapLayers& layers) {
   model.strata = layers.region;
   model.geographic = layers.region->reference.geographic;
   model.reference_name = layers.region->reference.name;
+  model.extent = layers.region_extent;
   for (const StratumGeometry& stratum : layers.region->strata) {
-    for (const MapPolygon& polygon : stratum.polygons) {
-      for (const auto& ring : polygon.rings) {
-        for (const MapPoint& point : ring) model.extent.Include(point.x, point.y);
-      }
-    }
     model.labels.push_back({stratum.label.empty() ? stratum.id : stratum.label, LabelPoint(stratum)});
   }
   if (model.geographic) {

@@ -68,6 +68,15 @@ void MapLayers::LoadRegion(MapLayers& layers, const std::shared_ptr<ProjectDatab
   } else {
     layers.region = ReadShapes(database, layer_name, "region / strata layer", layers.region_notice);
   }
+  layers.region_extent = MapExtent();
+  if (!layers.region) return;
+  for (const StratumGeometry& stratum : layers.region->strata) {
+    for (const MapPolygon& polygon : stratum.polygons) {
+      for (const auto& ring : polygon.rings) {
+        for (const MapPoint& point : ring) layers.region_extent.Include(point.x, point.y);
+      }
+    }
+  }
 }
 
 void MapLayers::LoadDsm(MapLayers& layers, const std::shared_ptr<ProjectDatabase>& database,

@@ -6,6 +6,7 @@
 
 #include "zrsimprp/host/LayerGeometrySource.h"
 #include "zrsimprp/host/Variant.h"
+#include "zrsimprp/map/MapExtent.h"
 
 namespace zrsimprp {
 
@@ -17,6 +18,7 @@ struct MapLayers {
   std::string region_layer;
   std::shared_ptr<const LayerShapes> region;  // null: nothing to draw, `region_notice` says why
   std::string region_notice;
+  MapExtent region_extent;  // of every point of the region layer
 
   std::string dsm_layer;
   std::string dsm_field;
