@@ -6,7 +6,7 @@
 
 namespace zrsimprp {
 
-void MapBeside::Place(QBoxLayout* body, QWidget* map) {
+void MapBeside::Place(QBoxLayout* body, QWidget* map, Qt::Alignment alignment) {
   auto* controls = new QVBoxLayout;
   controls->setSpacing(body->spacing());
   while (QLayoutItem* item = body->takeAt(0)) {
@@ -21,7 +21,7 @@ void MapBeside::Place(QBoxLayout* body, QWidget* map) {
   }
   auto* row = new QHBoxLayout;
   row->addLayout(controls, 0);
-  row->addWidget(map, 1);
+  row->addWidget(map, 1, alignment);
   body->addLayout(row);
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <Qt>
+
 class QBoxLayout;
 class QWidget;
 
@@ -9,7 +11,7 @@ namespace zrsimprp {
 // left half of a new row, so the controls keep their order, focus chain and sizes.
 class MapBeside {
  public:
-  static void Place(QBoxLayout* body, QWidget* map);
+  static void Place(QBoxLayout* body, QWidget* map, Qt::Alignment alignment = {});
 };
 
 }  // namespace zrsimprp
