@@ -76,14 +76,30 @@ QImage SurfaceImage(const MapModel& model) {
 
 void MapPainter::SetModel(std::shared_ptr<const MapModel> model) {
   model_ = std::move(model);
-  strata_paths_.clear();
   surface_ = QImage();
-  if (!model_) return;
-  if (model_->strata) {
-    strata_paths_.reserve(model_->strata->strata.size());
-    for (const StratumGeometry& stratum : model_->strata->strata) strata_paths_.push_back(StratumPath(stratum));
+  const std::shared_ptr<const LayerShapes> strata = model_ ? model_->strata : nullptr;
+  if (strata != strata_) {
+    strata_ = strata;
+    strata_paths_.clear();
+    rings_.clear();
+    strata_layer_ = QImage();
+    if (strata_) {
+      strata_paths_.reserve(strata_->strata.size());
+      for (const StratumGeometry& stratum : strata_->strata) {
+        strata_paths_.push_back(StratumPath(stratum));
+        for (const MapPolygon& polygon : stratum.polygons) {
+          for (const auto& ring : polygon.rings) {
+            QPolygonF line;
+            line.reserve(static_cast<qsizetype>(ring.size() + 1));
+            for (const MapPoint& point : ring) line.append(QPointF(point.x, point.y));
+            if (!ring.empty()) line.append(QPointF(ring.front().x, ring.front().y));
+            rings_.push_back(std::move(line));
+          }
+        }
+      }
+    }
   }
-  if (model_->HasSurface()) surface_ = SurfaceImage(*model_);
+  if (model_ && model_->HasSurface()) surface_ = SurfaceImage(*model_);
 }
 
 bool MapPainter::MapPointAt(const QPointF& at, MapPoint& point) const {
@@ -129,14 +145,15 @@ void MapPainter::Paint(QPainter& painter, const QRectF& area, const QPalette& pa
   const double height = std::max(extent.Height(), 1e-12);
   const double scale = std::min(frame.width() / width, frame.height() / height);
   const double left = frame.left() + (frame.width() - width * scale) / 2;
-  const double top = frame.top() + (frame.height() - height * scale) / 2;
+  // Top-aligned, so that the scale bar and the legend sit right under the map.
+  const double top = frame.top();
   // y grows northwards on the map and downwards on the screen.
   to_widget_ = QTransform(scale, 0, 0, -scale, left - extent.min_x * scale, top + extent.max_y * scale);
   map_frame_ = QRectF(left, top, width * scale, height * scale);
   painted_map_ = true;
 
   PaintSurface(painter);
-  PaintStrata(painter, palette);
+  PaintStrata(painter, area, palette);
   PaintLabels(painter, palette);
   PaintHotspots(painter, palette);
   if (surface) {
@@ -144,11 +161,11 @@ void MapPainter::Paint(QPainter& painter, const QRectF& area, const QPalette& pa
     const QRectF bar(frame.right() + kMargin, map_frame_.center().y() - bar_height / 2, kScaleWidth, bar_height);
     PaintColourScale(painter, bar, palette);
   }
-  PaintScaleBar(painter, QRectF(area.left() + kMargin, frame.bottom() + 4, area.width() / 2, scale_bar_height),
+  PaintScaleBar(painter, QRectF(area.left() + kMargin, map_frame_.bottom() + 4, area.width() / 2, scale_bar_height),
                 palette);
   if (!model_->legend.empty()) {
     painter.setPen(palette.color(QPalette::Text));
-    const QRectF legend(area.left() + kMargin, frame.bottom() + 4 + scale_bar_height, text_width, legend_height);
+    const QRectF legend(area.left() + kMargin, map_frame_.bottom() + 4 + scale_bar_height, text_width, legend_height);
     painter.drawText(legend, legend_flags, Text(model_->legend));
   }
   painter.restore();
@@ -166,23 +183,41 @@ void MapPainter::PaintSurface(QPainter& painter) {
   painter.restore();
 }
 
-void MapPainter::PaintStrata(QPainter& painter, const QPalette& palette) {
-  painter.save();
-  painter.setTransform(to_widget_, true);
-  QPen outline(palette.color(QPalette::Text), 1.2);
-  outline.setCosmetic(true);
-  painter.setPen(outline);
-  for (size_t i = 0; i < strata_paths_.size(); ++i) {
-    if (model_->colour_by_stratum) {
+void MapPainter::PaintStrata(QPainter& painter, const QRectF& area, const QPalette& palette) {
+  const QRect pixels = area.toAlignedRect();
+  const QRgb ink = palette.color(QPalette::Text).rgba();
+  const QTransform transform = to_widget_ * QTransform::fromTranslate(-pixels.left(), -pixels.top());
+  if (strata_layer_.size() != pixels.size() || strata_layer_transform_ != transform || strata_layer_ink_ != ink ||
+      strata_layer_filled_ != model_->colour_by_stratum) {
+    strata_layer_ = QImage(pixels.size(), QImage::Format_ARGB32_Premultiplied);
+    strata_layer_.fill(Qt::transparent);
+    QPainter layer(&strata_layer_);
+    layer.setRenderHint(QPainter::Antialiasing, true);
+    layer.setTransform(transform);
+    DrawStrata(layer, palette);
+    strata_layer_transform_ = transform;
+    strata_layer_ink_ = ink;
+    strata_layer_filled_ = model_->colour_by_stratum;
+  }
+  painter.drawImage(pixels.topLeft(), strata_layer_);
+}
+
+void MapPainter::DrawStrata(QPainter& painter, const QPalette& palette) {
+  if (model_->colour_by_stratum) {
+    painter.setPen(Qt::NoPen);
+    for (size_t i = 0; i < strata_paths_.size(); ++i) {
       QColor fill = StratumColour(i);
       fill.setAlpha(170);
       painter.setBrush(fill);
-    } else {
-      painter.setBrush(Qt::NoBrush);
+      painter.drawPath(strata_paths_[i]);
     }
-    painter.drawPath(strata_paths_[i]);
   }
-  painter.restore();
+  // A cosmetic one-pixel pen takes the painter's fast line path, which matters at thousands of rings.
+  QPen outline(palette.color(QPalette::Text), 1);
+  outline.setCosmetic(true);
+  painter.setPen(outline);
+  painter.setBrush(Qt::NoBrush);
+  for (const QPolygonF& ring : rings_) painter.drawPolyline(ring);
 }
 
 void MapPainter::PaintLabels(QPainter& painter, const QPalette& palette) {

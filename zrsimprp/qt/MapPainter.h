@@ -3,6 +3,7 @@
 #include <QImage>
 #include <QPainterPath>
 #include <QPalette>
+#include <QPolygonF>
 #include <QPointF>
 #include <QRectF>
 #include <QTransform>
@@ -31,7 +32,8 @@ class MapPainter {
 
  private:
   void PaintSurface(QPainter& painter);
-  void PaintStrata(QPainter& painter, const QPalette& palette);
+  void PaintStrata(QPainter& painter, const QRectF& area, const QPalette& palette);
+  void DrawStrata(QPainter& painter, const QPalette& palette);
   void PaintLabels(QPainter& painter, const QPalette& palette);
   void PaintHotspots(QPainter& painter, const QPalette& palette);
   void PaintColourScale(QPainter& painter, const QRectF& bar, const QPalette& palette);
@@ -40,7 +42,15 @@ class MapPainter {
   qreal PaintSentences(QPainter& painter, const QRectF& area, const QPalette& palette, bool centred);
 
   std::shared_ptr<const MapModel> model_;
-  std::vector<QPainterPath> strata_paths_;  // in map coordinates, one per stratum
+  // In map coordinates, made once per layer: an edit of a density or the formula keeps them.
+  std::shared_ptr<const LayerShapes> strata_;
+  std::vector<QPainterPath> strata_paths_;  // one per stratum, for filling (holes left open)
+  std::vector<QPolygonF> rings_;            // every ring, for the outlines
+  // The strata drawn once for the current size, transform and colours, then only copied.
+  QImage strata_layer_;
+  QTransform strata_layer_transform_;
+  QRgb strata_layer_ink_ = 0;
+  bool strata_layer_filled_ = false;
   QImage surface_;
   QTransform to_widget_;  // map coordinates -> widget, from the last Paint
   QRectF map_frame_;
