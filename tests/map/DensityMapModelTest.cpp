@@ -119,11 +119,9 @@ TEST(DensityMap, DensityEditReusesTheGridAndSpacingEditRebuildsIt) {
 }
 
 TEST(DensityMap, MultipolygonPartsAreBothFilled) {
-  auto project = std::make_shared<MemoryProjectDatabase>();
-  MemoryProjectDatabase::LayerData layer = map_test::TwoStrataLayer();
-  layer.shapes = {{MapPolygon{{map_test::Box(0, 0, 4, 10)}}, MapPolygon{{map_test::Box(6, 0, 10, 10)}}},
-                  {MapPolygon{{map_test::Box(10, 0, 20, 10)}}}};
-  project->AddLayer(layer);
+  auto project = TwoStrataProject();
+  project->SetLayerShapes("Blocks", {{MapPolygon{{map_test::Box(0, 0, 4, 10)}}, MapPolygon{{map_test::Box(6, 0, 10, 10)}}},
+                                     {MapPolygon{{map_test::Box(10, 0, 20, 10)}}}});
   const MapModel model = DensityMapBuilder::Build(LoadedLayers(project, "Blocks"), UniformInputs("2", "5"));
   EXPECT_DOUBLE_EQ(model.ValueAt(1.5, 1.5), 2.0);
   EXPECT_DOUBLE_EQ(model.ValueAt(7.5, 1.5), 2.0);
@@ -131,10 +129,8 @@ TEST(DensityMap, MultipolygonPartsAreBothFilled) {
 }
 
 TEST(DensityMap, DsmTakesTheFieldValueOfEachPolygon) {
-  auto project = std::make_shared<MemoryProjectDatabase>();
-  MemoryProjectDatabase::LayerData layer = map_test::TwoStrataLayer();
-  layer.fields = {{"Abundance", {Variant(1.5), Variant(std::string("7"))}}};
-  project->AddLayer(layer);
+  auto project = TwoStrataProject();
+  project->AddLayerField("Blocks", "Abundance", {Variant(1.5), Variant(std::string("7"))});
   MapLayers layers = LoadedLayers(project, "Blocks");
   MapLayers::LoadDsm(layers, project, "Blocks", "Abundance");
   DensityMapInputs inputs = UniformInputs("", "");
@@ -154,10 +150,8 @@ TEST(DensityMap, StrataOnlyMapColoursByStratumWithoutSurface) {
 }
 
 TEST(DensityMap, GeographicCoordinatesAreDrawnButFlagged) {
-  auto project = std::make_shared<MemoryProjectDatabase>();
-  MemoryProjectDatabase::LayerData layer = map_test::TwoStrataLayer();
-  layer.reference = {"EPSG:4326", true};
-  project->AddLayer(layer);
+  auto project = TwoStrataProject();
+  project->SetLayerShapes("Blocks", map_test::TwoStrataShapes(), {"EPSG:4326", true});
   const MapModel model = DensityMapBuilder::Build(LoadedLayers(project, "Blocks"), UniformInputs("1", "2"));
   EXPECT_TRUE(model.HasSurface());
   EXPECT_TRUE(model.geographic);

@@ -57,7 +57,6 @@ TEST(DensityMapNotices, LayerWithoutShapesNamesTheLayer) {
   auto project = TwoStrataProject();
   MemoryProjectDatabase::LayerData bare = map_test::TwoStrataLayer();
   bare.name = "Bare";
-  bare.shapes.clear();
   project->AddLayer(bare);
   EXPECT_EQ(OnlyNotice(DensityMapBuilder::Build(LoadedLayers(project, "Bare"), UniformInputs("1", "1"))),
             "The region / strata layer 'Bare' has no geometry in this project, so there is nothing to draw.");
@@ -190,11 +189,22 @@ TEST(DensityMapNotices, DsmWithoutLayerOrField) {
             "'Abundance'");
 }
 
+TEST(DensityMapNotices, DsmLayerWithoutGeometryKeepsTheStrata) {
+  DensityMapInputs inputs = UniformInputs("", "");
+  inputs.description = "DSM";
+  auto project = TwoStrataProject();
+  MapLayers layers = LoadedLayers(project, "Blocks");
+  MapLayers::LoadDsm(layers, project, "Layer", "Field");
+  const MapModel model = DensityMapBuilder::Build(layers, inputs);
+  EXPECT_TRUE(model.Drawable());
+  EXPECT_FALSE(model.HasSurface());
+  EXPECT_EQ(OnlyNotice(model),
+            "The DSM layer 'Layer' has no geometry in this project, so the surface cannot be drawn.");
+}
+
 TEST(DensityMapNotices, DsmValueThatIsNotANumberNamesTheRecord) {
-  auto project = std::make_shared<MemoryProjectDatabase>();
-  MemoryProjectDatabase::LayerData layer = map_test::TwoStrataLayer();
-  layer.fields = {{"Abundance", {Variant(1.5), Variant(std::string("many"))}}};
-  project->AddLayer(layer);
+  auto project = TwoStrataProject();
+  project->AddLayerField("Blocks", "Abundance", {Variant(1.5), Variant(std::string("many"))});
   MapLayers layers = LoadedLayers(project, "Blocks");
   MapLayers::LoadDsm(layers, project, "Blocks", "Abundance");
   DensityMapInputs inputs = UniformInputs("", "");

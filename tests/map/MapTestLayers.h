@@ -16,6 +16,11 @@ inline std::vector<MapPoint> Box(double x0, double y0, double x1, double y1) {
 
 // Two 10 by 10 strata side by side: West [0,10]x[0,10] and East [10,20]x[0,10]. West has a 2 by 2
 // hole at [4,6]x[4,6].
+inline std::vector<std::vector<MapPolygon>> TwoStrataShapes() {
+  return {{MapPolygon{{Box(0, 0, 10, 10), Box(4, 4, 6, 6)}}}, {MapPolygon{{Box(10, 0, 20, 10)}}}};
+}
+
+// The layer "Blocks" of those strata (records only; the shapes are given separately).
 inline MemoryProjectDatabase::LayerData TwoStrataLayer() {
   MemoryProjectDatabase::LayerData layer;
   layer.name = "Blocks";
@@ -24,14 +29,13 @@ inline MemoryProjectDatabase::LayerData TwoStrataLayer() {
   layer.label_field = "Name";
   layer.ids = {Variant(int32_t{1}), Variant(int32_t{2})};
   layer.labels = {Variant(std::string("West")), Variant(std::string("East"))};
-  layer.shapes = {{MapPolygon{{Box(0, 0, 10, 10), Box(4, 4, 6, 6)}}}, {MapPolygon{{Box(10, 0, 20, 10)}}}};
-  layer.reference.name = "EPSG:32630";
   return layer;
 }
 
 inline std::shared_ptr<MemoryProjectDatabase> TwoStrataProject() {
   auto project = std::make_shared<MemoryProjectDatabase>();
   project->AddLayer(TwoStrataLayer());
+  project->SetLayerShapes("Blocks", TwoStrataShapes(), {"EPSG:32630", false});
   return project;
 }
 

@@ -27,11 +27,6 @@ class MemoryProjectDatabase : public ProjectDatabase,
     std::string label_field;  // "" for no label field
     std::vector<Variant> ids;
     std::vector<Variant> labels;
-    // Further fields GetRows can read (a DSM value, say): name and one value per record.
-    std::vector<std::pair<std::string, std::vector<Variant>>> fields;
-    // The map geometry, one entry per record; a layer with none has no geometry to give.
-    std::vector<std::vector<MapPolygon>> shapes;
-    CoordinateReference reference;
   };
   struct SettingWrite {
     int32_t a;
@@ -52,6 +47,14 @@ class MemoryProjectDatabase : public ProjectDatabase,
                           const std::string& definition_text);
   void SetDefaultDefinition(const std::string& engine, const Variant& definition);
   void SetSetting(const std::string& section, const std::string& key, const Variant& value);
+  // The map geometry of a layer, one entry per record (its polygons), for LayerGeometry. A layer given
+  // none has no geometry.
+  void SetLayerShapes(const std::string& layer, std::vector<std::vector<MapPolygon>> shapes,
+                      CoordinateReference reference = {});
+  // A further field GetRows can read (a DSM value, say): one value per record.
+  void AddLayerField(const std::string& layer, const std::string& field, std::vector<Variant> values);
+  // The values of a field added with AddLayerField, or nullptr.
+  const std::vector<Variant>* LayerFieldValues(const std::string& layer, const std::string& field) const;
 
   // Observation and failure injection.
   void FailOn(const std::string& operation) { failing_.insert(operation); }
@@ -80,7 +83,14 @@ class MemoryProjectDatabase : public ProjectDatabase,
   struct State;  // defined in the .cpp; public so that the objects handed out can share it
 
  private:
+  struct LayerShapesData {
+    std::vector<std::vector<MapPolygon>> shapes;
+    CoordinateReference reference;
+  };
+
   std::shared_ptr<State> state_;
+  std::map<std::string, LayerShapesData> shapes_;  // by lower-case layer name
+  std::map<std::pair<std::string, std::string>, std::vector<Variant>> fields_;  // lower-case layer, field
   std::set<std::string> failing_;
   std::map<std::string, int> calls_;
 };

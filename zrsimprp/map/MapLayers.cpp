@@ -25,22 +25,23 @@ std::string Reason(const std::exception& error) {
 }
 
 // The shapes of a layer, or null with the sentence that says why there are none.
+// `consequence` ends the sentence: what cannot be drawn without this layer.
 std::shared_ptr<const LayerShapes> ReadShapes(const std::shared_ptr<ProjectDatabase>& database,
                                               const std::string& layer_name, const std::string& role,
-                                              std::string& notice) {
+                                              const std::string& consequence, std::string& notice) {
   const std::shared_ptr<LayerGeometrySource> source = GeometrySourceOf(database);
   if (!source) {
-    notice = "This project offers no map geometry, so there is nothing to draw.";
+    notice = "This project offers no map geometry, " + consequence;
     return nullptr;
   }
   try {
     std::optional<LayerShapes> shapes = source->LayerGeometry(layer_name);
     if (!shapes) {
-      notice = "The " + role + " '" + layer_name + "' has no geometry in this project, so there is nothing to draw.";
+      notice = "The " + role + " '" + layer_name + "' has no geometry in this project, " + consequence;
       return nullptr;
     }
     if (!HasPolygons(*shapes)) {
-      notice = "The " + role + " '" + layer_name + "' has no polygons, so there is nothing to draw.";
+      notice = "The " + role + " '" + layer_name + "' has no polygons, " + consequence;
       return nullptr;
     }
     return std::make_shared<const LayerShapes>(std::move(*shapes));
@@ -66,7 +67,8 @@ void MapLayers::LoadRegion(MapLayers& layers, const std::shared_ptr<ProjectDatab
   } else if (TrimBlanks(layer_name).empty() || TextEquals(layer_name, "None")) {
     layers.region_notice = "No region / strata layer is chosen, so there is nothing to draw.";
   } else {
-    layers.region = ReadShapes(database, layer_name, "region / strata layer", layers.region_notice);
+    layers.region = ReadShapes(database, layer_name, "region / strata layer", "so there is nothing to draw.",
+                               layers.region_notice);
   }
   layers.region_extent = MapExtent();
   if (!layers.region) return;
@@ -95,7 +97,8 @@ void MapLayers::LoadDsm(MapLayers& layers, const std::shared_ptr<ProjectDatabase
     return;
   }
   if (!database) return;
-  std::shared_ptr<const LayerShapes> shapes = ReadShapes(database, layer_name, "DSM layer", layers.dsm_notice);
+  std::shared_ptr<const LayerShapes> shapes =
+      ReadShapes(database, layer_name, "DSM layer", "so the surface cannot be drawn.", layers.dsm_notice);
   if (!shapes) return;
   try {
     const std::shared_ptr<LayerCatalogue> companion = database->Companion();
