@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 #include "tests/map/MapTestLayers.h"
 #include "zrsimprp/map/DensityMapBuilder.h"
 
@@ -101,6 +103,34 @@ TEST(DensityMapNotices, NonNumericDensityNamesTheStratum) {
   EXPECT_FALSE(model.HasSurface());
   EXPECT_TRUE(model.Drawable());
   EXPECT_EQ(OnlyNotice(model), "The density of stratum 'East' ('lots') is not a number, so the surface cannot be drawn.");
+}
+
+TEST(DensityMapNotices, DensityTooLargeToDrawNamesTheStratum) {
+  EXPECT_EQ(OnlyNotice(Build(UniformInputs("1e300", "1"))),
+            "The density of stratum 'West' ('1e300') is too large to draw, so the surface cannot be drawn.");
+}
+
+TEST(DensityMapNotices, HotspotsThatOverflowTheSurface) {
+  DensityMapInputs inputs = UniformInputs("1", "1");
+  inputs.hotspots = {{"15", "5", "2", "3e38"}, {"15", "5", "2", "3e38"}};
+  EXPECT_EQ(OnlyNotice(Build(inputs)), "The surface reaches values too large to draw, so it is not drawn.");
+}
+
+TEST(DensityMapNotices, HotspotFarAwayAddsNothingAndIsNamed) {
+  DensityMapInputs inputs = UniformInputs("1", "1");
+  inputs.hotspots = {{"1e300", "-1e300", "1e200", "4"}};
+  const MapModel model = Build(inputs);
+  EXPECT_TRUE(model.HasSurface());
+  EXPECT_DOUBLE_EQ(model.value_max, 1.0);
+  EXPECT_EQ(OnlyNotice(model), "Hotspot 1 (Centre X 1e+300, Centre Y -1e+300) lies outside every stratum.");
+}
+
+TEST(DensityMapNotices, LayerWithNonFiniteCoordinatesNamesTheLayer) {
+  auto project = TwoStrataProject();
+  project->SetLayerShapes("Blocks", {{MapPolygon{{{{0, 0}, {1, 0}, {std::nan(""), 1}}}}}});
+  EXPECT_EQ(OnlyNotice(DensityMapBuilder::Build(LoadedLayers(project, "Blocks"), UniformInputs("1", "1"))),
+            "The region / strata layer 'Blocks' has a point whose coordinates are not finite numbers, so there "
+            "is nothing to draw.");
 }
 
 TEST(DensityMapNotices, BlankDensityNamesTheStratum) {
@@ -210,7 +240,8 @@ TEST(DensityMapNotices, DsmValueThatIsNotANumberNamesTheRecord) {
   DensityMapInputs inputs = UniformInputs("", "");
   inputs.description = "DSM";
   EXPECT_EQ(OnlyNotice(DensityMapBuilder::Build(layers, inputs)),
-            "The DSM field 'Abundance' holds 'many' for the record 2, not a number, so the surface cannot be drawn.");
+            "The DSM field 'Abundance' holds 'many' for the record 2, not a number it can draw, so the surface "
+            "cannot be drawn.");
 }
 
 }  // namespace

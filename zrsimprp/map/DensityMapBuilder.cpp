@@ -80,6 +80,20 @@ bool ReadNumber(const std::string& text, double& value) {
   return std::isfinite(value);
 }
 
+// The surface is kept in single precision: a value beyond its range cannot be drawn.
+bool FitsTheSurface(double value) {
+  return std::isfinite(value) && std::fabs(value) <= std::numeric_limits<float>::max();
+}
+
+// The cell index range [first, end) that covers [low, high] along one axis, clamped to the grid.
+void CellSpan(double low, double high, double origin, double spacing, int32_t cells, int32_t& first,
+              int32_t& end) {
+  const double from = std::floor((low - origin) / spacing);
+  const double to = std::ceil((high - origin) / spacing) + 1;
+  first = static_cast<int32_t>(std::clamp(from, 0.0, static_cast<double>(cells)));
+  end = static_cast<int32_t>(std::clamp(to, 0.0, static_cast<double>(cells)));
+}
+
 }  // namespace
 
 MapModel DensityMapBuilder::StrataOnly(const MapLayers& layers) {
@@ -150,7 +164,11 @@ MapModel DensityMapBuilder::Build(const MapLayers& layers, const DensityMapInput
     model.legend += ", plus each hotspot as a Gaussian bump: amplitude × exp(−d² / 2σ²); circles mark one sigma";
   }
   model.legend += ".";
-  FindRange(model);
+  if (!FindRange(model)) {
+    model.notices.push_back("The surface reaches values too large to draw, so it is not drawn.");
+    model.values.clear();
+    model.legend.clear();
+  }
   return model;
 }
 
@@ -250,6 +268,11 @@ bool DensityMapBuilder::UniformValues(const DensityMapInputs& inputs, MapModel& 
                               "') is not a number, so the surface cannot be drawn.");
       return false;
     }
+    if (!FitsTheSurface(value)) {
+      model.notices.push_back("The density of stratum '" + StratumName(inputs, model, i) + "' ('" + cell +
+                              "') is too large to draw, so the surface cannot be drawn.");
+      return false;
+    }
     by_stratum[i] = static_cast<float>(value);
   }
   const std::vector<int32_t>& owners = model.raster->Owners();
@@ -280,7 +303,7 @@ bool DensityMapBuilder::FormulaValues(const DensityMapInputs& inputs, MapModel& 
       if (raster.Owners()[cell] < 0) continue;
       const double x = raster.CentreX(col);
       const double value = formula.Evaluate(x, y);
-      if (!std::isfinite(value)) {
+      if (!FitsTheSurface(value)) {
         model.notices.push_back("The formula has no finite value at x " + MapNumber::Coordinate(x) + ", y " +
                                 MapNumber::Coordinate(y) + ", so the surface is not drawn.");
         return false;
@@ -301,9 +324,9 @@ bool DensityMapBuilder::DsmValues(const MapLayers& layers, MapModel& model) {
   for (size_t i = 0; i < layers.dsm_values.size(); ++i) {
     const std::string text = VariantToText(layers.dsm_values[i]);
     double value = 0;
-    if (!ReadNumber(text, value)) {
+    if (!ReadNumber(text, value) || !FitsTheSurface(value)) {
       model.notices.push_back("The DSM field '" + layers.dsm_field + "' holds '" + text + "' for the record " +
-                              layers.dsm->strata[i].id + ", not a number, so the surface cannot be drawn.");
+                              layers.dsm->strata[i].id + ", not a number it can draw, so the surface cannot be drawn.");
       return false;
     }
     by_polygon[i] = static_cast<float>(value);
@@ -326,32 +349,32 @@ void DensityMapBuilder::AddBumps(const std::vector<Hotspot>& hotspots, MapModel&
     if (!hotspot.usable) continue;
     const HotspotMark& mark = hotspot.mark;
     const double reach = kBumpReach * mark.sigma;
-    const double spacing = raster.Spacing();
-    const auto first_col = static_cast<int64_t>(
-        std::max(0.0, std::floor((mark.centre.x - reach - raster.OriginX()) / spacing)));
-    const auto end_col = static_cast<int64_t>(std::min<double>(
-        raster.Columns(), std::ceil((mark.centre.x + reach - raster.OriginX()) / spacing) + 1));
-    const auto first_row = static_cast<int64_t>(
-        std::max(0.0, std::floor((mark.centre.y - reach - raster.OriginY()) / spacing)));
-    const auto end_row = static_cast<int64_t>(std::min<double>(
-        raster.Rows(), std::ceil((mark.centre.y + reach - raster.OriginY()) / spacing) + 1));
+    int32_t first_col = 0;
+    int32_t end_col = 0;
+    int32_t first_row = 0;
+    int32_t end_row = 0;
+    CellSpan(mark.centre.x - reach, mark.centre.x + reach, raster.OriginX(), raster.Spacing(), raster.Columns(),
+             first_col, end_col);
+    CellSpan(mark.centre.y - reach, mark.centre.y + reach, raster.OriginY(), raster.Spacing(), raster.Rows(),
+             first_row, end_row);
     const double two_sigma_squared = 2 * mark.sigma * mark.sigma;
-    for (int64_t row = first_row; row < end_row; ++row) {
-      const double dy = raster.CentreY(static_cast<int32_t>(row)) - mark.centre.y;
-      for (int64_t col = first_col; col < end_col; ++col) {
-        const size_t cell = raster.Index(static_cast<int32_t>(col), static_cast<int32_t>(row));
+    for (int32_t row = first_row; row < end_row; ++row) {
+      const double dy = raster.CentreY(row) - mark.centre.y;
+      for (int32_t col = first_col; col < end_col; ++col) {
+        const size_t cell = raster.Index(col, row);
         if (std::isnan(model.values[cell])) continue;
-        const double dx = raster.CentreX(static_cast<int32_t>(col)) - mark.centre.x;
+        const double dx = raster.CentreX(col) - mark.centre.x;
         model.values[cell] += static_cast<float>(mark.amplitude * std::exp(-(dx * dx + dy * dy) / two_sigma_squared));
       }
     }
   }
 }
 
-void DensityMapBuilder::FindRange(MapModel& model) {
+bool DensityMapBuilder::FindRange(MapModel& model) {
   bool any = false;
   for (const float value : model.values) {
     if (std::isnan(value)) continue;
+    if (std::isinf(value)) return false;
     if (!any) {
       model.value_min = model.value_max = value;
       any = true;
@@ -359,6 +382,7 @@ void DensityMapBuilder::FindRange(MapModel& model) {
     model.value_min = std::min<double>(model.value_min, value);
     model.value_max = std::max<double>(model.value_max, value);
   }
+  return true;
 }
 
 }  // namespace zrsimprp

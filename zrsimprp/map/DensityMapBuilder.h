@@ -39,7 +39,8 @@ class DensityMapBuilder {
   static bool FormulaValues(const DensityMapInputs& inputs, MapModel& model);
   static bool DsmValues(const MapLayers& layers, MapModel& model);
   static void AddBumps(const std::vector<Hotspot>& hotspots, MapModel& model);
-  static void FindRange(MapModel& model);
+  // False when the bumps pushed a value beyond what the surface holds.
+  static bool FindRange(MapModel& model);
   static std::string StratumName(const DensityMapInputs& inputs, const MapModel& model, size_t index);
 };
 

@@ -1,5 +1,6 @@
 #include "zrsimprp/map/MapLayers.h"
 
+#include <cmath>
 #include <exception>
 
 #include "zrsimprp/host/Conversions.h"
@@ -9,6 +10,19 @@
 namespace zrsimprp {
 
 namespace {
+
+bool AllFinite(const LayerShapes& shapes) {
+  for (const StratumGeometry& stratum : shapes.strata) {
+    for (const MapPolygon& polygon : stratum.polygons) {
+      for (const auto& ring : polygon.rings) {
+        for (const MapPoint& point : ring) {
+          if (!std::isfinite(point.x) || !std::isfinite(point.y)) return false;
+        }
+      }
+    }
+  }
+  return true;
+}
 
 bool HasPolygons(const LayerShapes& shapes) {
   for (const StratumGeometry& stratum : shapes.strata) {
@@ -38,6 +52,11 @@ std::shared_ptr<const LayerShapes> ReadShapes(const std::shared_ptr<ProjectDatab
     std::optional<LayerShapes> shapes = source->LayerGeometry(layer_name);
     if (!shapes) {
       notice = "The " + role + " '" + layer_name + "' has no geometry in this project, " + consequence;
+      return nullptr;
+    }
+    if (!AllFinite(*shapes)) {
+      notice = "The " + role + " '" + layer_name + "' has a point whose coordinates are not finite numbers, " +
+               consequence;
       return nullptr;
     }
     if (!HasPolygons(*shapes)) {
