@@ -92,6 +92,27 @@ TEST_F(MapPanelsTest, FormulaEditRedrawsTheSurface) {
   EXPECT_EQ(density_map_->Model()->legend.rfind("Relative density: the formula at each grid cell's centre", 0), 0u);
 }
 
+TEST_F(MapPanelsTest, LargeGridIsComputedAwayAndTheNewestEditWins) {
+  OpenSample();
+  density_map_->RedrawNow();
+  // 3,300 x 2,000 map units: spacing 2 gives 1.65 million cells, more than are computed inline.
+  for (const char* spacing : {"5", "4", "3", "2"}) {
+    Density().txtGridSpace.UserType(spacing);
+    QTest::qWait(60);  // past the pause after an edit, so each starts a computation
+  }
+  ASSERT_TRUE(QTest::qWaitFor(
+      [&]() {
+        const auto& model = density_map_->Model();
+        return model && model->raster && model->raster->Spacing() == 2.0;
+      },
+      5000));
+  EXPECT_EQ(density_map_->Model()->raster->Columns(), 1650);
+  EXPECT_TRUE(density_map_->Model()->HasSurface());
+  // Nothing older arrives afterwards.
+  QTest::qWait(300);
+  EXPECT_EQ(density_map_->Model()->raster->Spacing(), 2.0);
+}
+
 TEST_F(MapPanelsTest, UnusableValueIsASentenceOnTheMapNotAMessageBox) {
   OpenSample();
   const int64_t before = density_map_->Redraws();

@@ -89,6 +89,16 @@ void DensityMapPanel::RefreshLayers() {
 }
 
 void DensityMapPanel::Recompute(bool wait) {
+  if (computing_) {
+    // One computation at a time: edits made meanwhile are taken up, all at once, when it ends.
+    again_ = true;
+    if (!wait) return;
+    while (computing_) {
+      QThreadPool::globalInstance()->waitForDone(5);
+      QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    }
+    again_ = false;
+  }
   RefreshLayers();
   const DensityMapInputs inputs = DensityMapInputs::FromPage(density_);
   const int64_t generation = ++generation_;
@@ -104,20 +114,31 @@ void DensityMapPanel::Recompute(bool wait) {
     Show(build(), generation);
     return;
   }
+  computing_ = true;
   QPointer<DensityMapPanel> guard(this);
   QThreadPool::globalInstance()->start([build, guard, generation]() {
     std::shared_ptr<const MapModel> model = build();
     // Back on the GUI thread; the panel may be gone by then.
-    QMetaObject::invokeMethod(qApp, [guard, model, generation]() {
-      if (guard) guard->Show(model, generation);
-    }, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(
+        qApp, [guard, model, generation]() {
+          if (guard) guard->Finished(model, generation);
+        },
+        Qt::QueuedConnection);
   });
   if (wait) {
-    const int64_t shown = redraws_;
-    while (redraws_ == shown && generation_ == generation) {
+    while (computing_) {
       QThreadPool::globalInstance()->waitForDone(5);
       QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
     }
+  }
+}
+
+void DensityMapPanel::Finished(std::shared_ptr<const MapModel> model, int64_t generation) {
+  computing_ = false;
+  Show(std::move(model), generation);
+  if (again_) {
+    again_ = false;
+    Recompute(false);
   }
 }
 

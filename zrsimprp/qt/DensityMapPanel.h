@@ -50,6 +50,7 @@ class DensityMapPanel : public QWidget {
   void Schedule();
   void Recompute(bool wait);
   void RefreshLayers();
+  void Finished(std::shared_ptr<const MapModel> model, int64_t generation);
   void Show(std::shared_ptr<const MapModel> model, int64_t generation);
 
   CPagDensity& density_;
@@ -62,6 +63,8 @@ class DensityMapPanel : public QWidget {
   std::shared_ptr<const MapLayers> layers_;
   std::shared_ptr<const MapModel> model_;
   int64_t generation_ = 0;
+  bool computing_ = false;  // a worker is computing
+  bool again_ = false;      // an edit arrived meanwhile
   int64_t redraws_ = 0;
 };
 

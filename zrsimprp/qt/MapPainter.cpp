@@ -111,10 +111,23 @@ bool MapPainter::MapPointAt(const QPointF& at, MapPoint& point) const {
   return true;
 }
 
-void MapPainter::Paint(QPainter& painter, const QRectF& area, const QPalette& palette) {
+void MapPainter::Paint(QPainter& painter, const QRectF& whole, const QPalette& palette) {
   painter.save();
   painter.setRenderHint(QPainter::Antialiasing, true);
-  painter.fillRect(area, palette.color(QPalette::Base));
+  painter.fillRect(whole, palette.color(QPalette::Base));
+  QRectF area = whole;
+  if (!title_.isEmpty()) {
+    QFont bold = painter.font();
+    bold.setBold(true);
+    painter.setFont(bold);
+    painter.setPen(palette.color(QPalette::Text));
+    const qreal height = QFontMetricsF(bold).height() + 4;
+    painter.drawText(QRectF(area.left() + kMargin, area.top() + kMargin, area.width() - 2 * kMargin, height),
+                     Qt::AlignLeft | Qt::AlignVCenter, title_);
+    bold.setBold(false);
+    painter.setFont(bold);
+    area.setTop(area.top() + kMargin + height);
+  }
   painted_map_ = false;
   if (!model_ || !model_->Drawable()) {
     if (model_) PaintSentences(painter, area.adjusted(kMargin, kMargin, -kMargin, -kMargin), palette, true);

@@ -6,6 +6,7 @@
 #include <QPolygonF>
 #include <QPointF>
 #include <QRectF>
+#include <QString>
 #include <QTransform>
 #include <memory>
 #include <vector>
@@ -24,9 +25,11 @@ class MapPainter {
  public:
   void SetModel(std::shared_ptr<const MapModel> model);
   const std::shared_ptr<const MapModel>& Model() const { return model_; }
+  // A heading over the map (for a picture that stands on its own); none by default.
+  void SetTitle(const QString& title) { title_ = title; }
 
   // Draws into `area` with the palette's colours (light or dark).
-  void Paint(QPainter& painter, const QRectF& area, const QPalette& palette);
+  void Paint(QPainter& painter, const QRectF& whole, const QPalette& palette);
   // The map point under a widget point of the last Paint, or false off the map.
   bool MapPointAt(const QPointF& at, MapPoint& point) const;
 
@@ -42,6 +45,7 @@ class MapPainter {
   qreal PaintSentences(QPainter& painter, const QRectF& area, const QPalette& palette, bool centred);
 
   std::shared_ptr<const MapModel> model_;
+  QString title_;
   // In map coordinates, made once per layer: an edit of a density or the formula keeps them.
   std::shared_ptr<const LayerShapes> strata_;
   std::vector<QPainterPath> strata_paths_;  // one per stratum, for filling (holes left open)

@@ -115,6 +115,7 @@ int MapCommand::Draw(const std::vector<std::string>& words) {
     QPainter painter(&picture);
     zrsimprp::MapPainter map;
     map.SetModel(model);
+    map.SetTitle(QString::fromStdString(simulation + " — " + region));
     map.Paint(painter, QRectF(0, 0, width, height), QGuiApplication::palette());
   }
   const std::string out = arguments.Value("out");
