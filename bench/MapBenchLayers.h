@@ -28,14 +28,16 @@ inline MapLayers TiledLayers(int count) {
     }
     polygon.rings.push_back(ring);
     if (i % 10 == 0) {
-      polygon.rings.push_back({{x0 + 400, y0 + 400}, {x0 + 400, y0 + 600}, {x0 + 600, y0 + 600}, {x0 + 600, y0 + 400}});
+      polygon.rings.push_back(
+          {{x0 + 400, y0 + 400}, {x0 + 400, y0 + 600}, {x0 + 600, y0 + 600}, {x0 + 600, y0 + 400}});
     }
     shapes->strata.push_back({std::to_string(i + 1), "S" + std::to_string(i + 1), {polygon}});
   }
   MapLayers layers;
   layers.region_layer = "Tiles";
   for (const StratumGeometry& stratum : shapes->strata) {
-    for (const MapPoint& point : stratum.polygons.front().rings.front()) layers.region_extent.Include(point.x, point.y);
+    for (const MapPoint& point : stratum.polygons.front().rings.front())
+      layers.region_extent.Include(point.x, point.y);
   }
   layers.region = shapes;
   return layers;

@@ -18,7 +18,8 @@ namespace {
 // The sample simulation's map, from the project file as the editor reads it.
 void BM_SampleProjectMap(benchmark::State& state) {
   const std::string path =
-      (std::filesystem::temp_directory_path() / ("zrsim-bench-map-" + std::to_string(::getpid()) + ".gpkg")).string();
+      (std::filesystem::temp_directory_path() / ("zrsim-bench-map-" + std::to_string(::getpid()) + ".gpkg"))
+          .string();
   SampleProject::Create(path);
   auto project = GeoPackageProject::Open(path);
   HeadlessPlatform platform;
@@ -39,7 +40,8 @@ BENCHMARK(BM_SampleProjectMap)->Unit(benchmark::kMicrosecond);
 // Reading the sample's strata from the project file (once per layer chosen).
 void BM_SampleProjectGeometryRead(benchmark::State& state) {
   const std::string path =
-      (std::filesystem::temp_directory_path() / ("zrsim-bench-geom-" + std::to_string(::getpid()) + ".gpkg")).string();
+      (std::filesystem::temp_directory_path() / ("zrsim-bench-geom-" + std::to_string(::getpid()) + ".gpkg"))
+          .string();
   SampleProject::Create(path);
   auto project = GeoPackageProject::Open(path);
   for (auto _ : state) benchmark::DoNotOptimize(project->LayerGeometry("Strata"));
@@ -101,7 +103,11 @@ void BM_FirstMapByCells(benchmark::State& state) {
   for (auto _ : state) benchmark::DoNotOptimize(DensityMapBuilder::Build(layers, inputs));
   state.SetComplexityN(state.range(0) * 1000);
 }
-BENCHMARK(BM_FirstMapByCells)->RangeMultiplier(2)->Range(125, 2000)->Complexity(benchmark::oN)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_FirstMapByCells)
+    ->RangeMultiplier(2)
+    ->Range(125, 2000)
+    ->Complexity(benchmark::oN)
+    ->Unit(benchmark::kMillisecond);
 
 }  // namespace
 }  // namespace zrsimprp

@@ -15,7 +15,8 @@ namespace {
 
 std::shared_ptr<const MapModel> Model(int strata, const std::string& spacing) {
   const MapLayers layers = map_bench::TiledLayers(strata);
-  return std::make_shared<const MapModel>(DensityMapBuilder::Build(layers, map_bench::UniformFor(layers, spacing)));
+  return std::make_shared<const MapModel>(
+      DensityMapBuilder::Build(layers, map_bench::UniformFor(layers, spacing)));
 }
 
 // Three strata and a 30 x 20 grid, as large as the sample project's map.

@@ -34,10 +34,10 @@ class ByteCursor {
   bool Uint32(uint32_t& value, bool little_endian) {
     unsigned char raw[4];
     if (!Raw(raw, 4)) return false;
-    value = little_endian ? (uint32_t{raw[0]} | uint32_t{raw[1]} << 8 | uint32_t{raw[2]} << 16 |
-                             uint32_t{raw[3]} << 24)
-                          : (uint32_t{raw[3]} | uint32_t{raw[2]} << 8 | uint32_t{raw[1]} << 16 |
-                             uint32_t{raw[0]} << 24);
+    value =
+        little_endian
+            ? (uint32_t{raw[0]} | uint32_t{raw[1]} << 8 | uint32_t{raw[2]} << 16 | uint32_t{raw[3]} << 24)
+            : (uint32_t{raw[3]} | uint32_t{raw[2]} << 8 | uint32_t{raw[1]} << 16 | uint32_t{raw[0]} << 24);
     return true;
   }
   bool Double(double& value, bool little_endian) {
@@ -114,7 +114,8 @@ bool ReadCount(ByteCursor& cursor, bool little_endian, size_t min_item_bytes, ui
   return true;
 }
 
-bool ReadRing(ByteCursor& cursor, const WkbHeader& header, std::vector<MapPoint>& ring, std::string& problem) {
+bool ReadRing(ByteCursor& cursor, const WkbHeader& header, std::vector<MapPoint>& ring,
+              std::string& problem) {
   uint32_t points = 0;
   const size_t point_bytes = 8 * header.ordinates;
   if (!ReadCount(cursor, header.little_endian, point_bytes, points, problem)) return false;

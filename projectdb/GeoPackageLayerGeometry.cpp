@@ -70,7 +70,8 @@ std::optional<LayerShapes> GeoPackageLayerGeometry::Read(SqliteConnection& conne
     if (table.GeometryColumn().empty()) return std::nullopt;
 
     // The same columns and order as the layer's GetRows, so entry i is the page's stratum i.
-    const std::string id_column = info.id_field.empty() ? table.PrimaryKey() : ColumnFor(table, info.id_field);
+    const std::string id_column =
+        info.id_field.empty() ? table.PrimaryKey() : ColumnFor(table, info.id_field);
     const std::string label_column = ColumnFor(table, info.label_field);
     std::string sql = "SELECT " + (id_column.empty() ? std::string("NULL") : Quote(id_column)) + ", " +
                       (label_column.empty() ? std::string("NULL") : Quote(label_column)) + ", " +

@@ -120,8 +120,9 @@ TEST(DensityMap, DensityEditReusesTheGridAndSpacingEditRebuildsIt) {
 
 TEST(DensityMap, MultipolygonPartsAreBothFilled) {
   auto project = TwoStrataProject();
-  project->SetLayerShapes("Blocks", {{MapPolygon{{map_test::Box(0, 0, 4, 10)}}, MapPolygon{{map_test::Box(6, 0, 10, 10)}}},
-                                     {MapPolygon{{map_test::Box(10, 0, 20, 10)}}}});
+  project->SetLayerShapes(
+      "Blocks", {{MapPolygon{{map_test::Box(0, 0, 4, 10)}}, MapPolygon{{map_test::Box(6, 0, 10, 10)}}},
+                 {MapPolygon{{map_test::Box(10, 0, 20, 10)}}}});
   const MapModel model = DensityMapBuilder::Build(LoadedLayers(project, "Blocks"), UniformInputs("2", "5"));
   EXPECT_DOUBLE_EQ(model.ValueAt(1.5, 1.5), 2.0);
   EXPECT_DOUBLE_EQ(model.ValueAt(7.5, 1.5), 2.0);

@@ -42,17 +42,19 @@ class NoGeometryProject : public ProjectDatabase {
 };
 
 TEST(DensityMapNotices, HostWithoutGeometrySaysThereIsNothingToDraw) {
-  const MapModel model =
-      DensityMapBuilder::Build(LoadedLayers(std::make_shared<NoGeometryProject>(), "Blocks"), UniformInputs("1", "1"));
+  const MapModel model = DensityMapBuilder::Build(
+      LoadedLayers(std::make_shared<NoGeometryProject>(), "Blocks"), UniformInputs("1", "1"));
   EXPECT_FALSE(model.Drawable());
   EXPECT_EQ(OnlyNotice(model), "This project offers no map geometry, so there is nothing to draw.");
 }
 
 TEST(DensityMapNotices, NoRegionLayerSaysThereIsNothingToDraw) {
-  EXPECT_EQ(OnlyNotice(DensityMapBuilder::Build(LoadedLayers(TwoStrataProject(), "None"), UniformInputs("1", "1"))),
-            "No region / strata layer is chosen, so there is nothing to draw.");
-  EXPECT_EQ(OnlyNotice(DensityMapBuilder::Build(LoadedLayers(TwoStrataProject(), ""), UniformInputs("1", "1"))),
-            "No region / strata layer is chosen, so there is nothing to draw.");
+  EXPECT_EQ(
+      OnlyNotice(DensityMapBuilder::Build(LoadedLayers(TwoStrataProject(), "None"), UniformInputs("1", "1"))),
+      "No region / strata layer is chosen, so there is nothing to draw.");
+  EXPECT_EQ(
+      OnlyNotice(DensityMapBuilder::Build(LoadedLayers(TwoStrataProject(), ""), UniformInputs("1", "1"))),
+      "No region / strata layer is chosen, so there is nothing to draw.");
 }
 
 TEST(DensityMapNotices, LayerWithoutShapesNamesTheLayer) {
@@ -67,8 +69,9 @@ TEST(DensityMapNotices, LayerWithoutShapesNamesTheLayer) {
 TEST(DensityMapNotices, FailingHostReadIsASentenceNotAnError) {
   auto project = TwoStrataProject();
   project->FailOn("LayerGeometry");
-  EXPECT_EQ(OnlyNotice(DensityMapBuilder::Build(LoadedLayers(project, "Blocks"), UniformInputs("1", "1"))),
-            "The region / strata layer 'Blocks' could not be read: LayerGeometry failed (injected by the test)");
+  EXPECT_EQ(
+      OnlyNotice(DensityMapBuilder::Build(LoadedLayers(project, "Blocks"), UniformInputs("1", "1"))),
+      "The region / strata layer 'Blocks' could not be read: LayerGeometry failed (injected by the test)");
 }
 
 TEST(DensityMapNotices, BlankGridSpacing) {
@@ -92,9 +95,10 @@ TEST(DensityMapNotices, ZeroGridSpacing) {
 
 TEST(DensityMapNotices, GridSpacingTooSmallForTheCellCap) {
   // 20 by 10 map units at 0.001: 20,000 × 10,000 cells.
-  EXPECT_EQ(OnlyNotice(Build(UniformInputs("1", "1", "0.001"))),
-            "The grid spacing 0.001 would need 2e+08 cells, more than the 4e+06 the map draws, so the surface "
-            "is not drawn; a larger grid spacing draws it.");
+  EXPECT_EQ(
+      OnlyNotice(Build(UniformInputs("1", "1", "0.001"))),
+      "The grid spacing 0.001 would need 2e+08 cells, more than the 4e+06 the map draws, so the surface "
+      "is not drawn; a larger grid spacing draws it.");
   EXPECT_TRUE(Build(UniformInputs("1", "1", "0.01")).HasSurface());  // 2 million cells
 }
 
@@ -102,7 +106,8 @@ TEST(DensityMapNotices, NonNumericDensityNamesTheStratum) {
   const MapModel model = Build(UniformInputs("2", "lots"));
   EXPECT_FALSE(model.HasSurface());
   EXPECT_TRUE(model.Drawable());
-  EXPECT_EQ(OnlyNotice(model), "The density of stratum 'East' ('lots') is not a number, so the surface cannot be drawn.");
+  EXPECT_EQ(OnlyNotice(model),
+            "The density of stratum 'East' ('lots') is not a number, so the surface cannot be drawn.");
 }
 
 TEST(DensityMapNotices, DensityTooLargeToDrawNamesTheStratum) {
@@ -128,9 +133,10 @@ TEST(DensityMapNotices, HotspotFarAwayAddsNothingAndIsNamed) {
 TEST(DensityMapNotices, LayerWithNonFiniteCoordinatesNamesTheLayer) {
   auto project = TwoStrataProject();
   project->SetLayerShapes("Blocks", {{MapPolygon{{{{0, 0}, {1, 0}, {std::nan(""), 1}}}}}});
-  EXPECT_EQ(OnlyNotice(DensityMapBuilder::Build(LoadedLayers(project, "Blocks"), UniformInputs("1", "1"))),
-            "The region / strata layer 'Blocks' has a point whose coordinates are not finite numbers, so there "
-            "is nothing to draw.");
+  EXPECT_EQ(
+      OnlyNotice(DensityMapBuilder::Build(LoadedLayers(project, "Blocks"), UniformInputs("1", "1"))),
+      "The region / strata layer 'Blocks' has a point whose coordinates are not finite numbers, so there "
+      "is nothing to draw.");
 }
 
 TEST(DensityMapNotices, BlankDensityNamesTheStratum) {
@@ -149,7 +155,8 @@ TEST(DensityMapNotices, FormulaThatDoesNotParse) {
   const MapModel model = Build(Formula("= 2 * + (x"));
   EXPECT_FALSE(model.HasSurface());
   ASSERT_EQ(model.notices.size(), 1u);
-  EXPECT_EQ(model.notices[0].rfind("The formula '2 * + (x' cannot be evaluated (", 0), 0u) << model.notices[0];
+  EXPECT_EQ(model.notices[0].rfind("The formula '2 * + (x' cannot be evaluated (", 0), 0u)
+      << model.notices[0];
   EXPECT_NE(model.notices[0].find("), so the surface is not drawn."), std::string::npos);
 }
 
@@ -181,7 +188,8 @@ TEST(DensityMapNotices, HotspotWithNonNumericCellNamesItsColumn) {
   const MapModel model = Build(inputs);
   EXPECT_TRUE(model.HasSurface());
   EXPECT_TRUE(model.hotspots.empty());
-  EXPECT_EQ(OnlyNotice(model), "Hotspot 1: the Centre Y 'north' is not a number, so the hotspot is not drawn.");
+  EXPECT_EQ(OnlyNotice(model),
+            "Hotspot 1: the Centre Y 'north' is not a number, so the hotspot is not drawn.");
 }
 
 TEST(DensityMapNotices, HotspotWithBlankCell) {
@@ -193,7 +201,8 @@ TEST(DensityMapNotices, HotspotWithBlankCell) {
 TEST(DensityMapNotices, HotspotWithSigmaZero) {
   DensityMapInputs inputs = UniformInputs("1", "1");
   inputs.hotspots = {{"15", "5", "0", "4"}};
-  EXPECT_EQ(OnlyNotice(Build(inputs)), "Hotspot 1: the Sigma must be greater than 0, so the hotspot is not drawn.");
+  EXPECT_EQ(OnlyNotice(Build(inputs)),
+            "Hotspot 1: the Sigma must be greater than 0, so the hotspot is not drawn.");
 }
 
 TEST(DensityMapNotices, NoDensityOption) {
@@ -214,9 +223,10 @@ TEST(DensityMapNotices, DsmWithoutLayerOrField) {
   EXPECT_EQ(OnlyNotice(DensityMapBuilder::Build(layers, inputs)),
             "No DSM field is chosen, so the surface cannot be drawn.");
   MapLayers::LoadDsm(layers, project, "Blocks", "Abundance");
-  EXPECT_EQ(OnlyNotice(DensityMapBuilder::Build(layers, inputs)),
-            "The DSM field 'Abundance' of the layer 'Blocks' could not be read: The layer 'Blocks' has no field "
-            "'Abundance'");
+  EXPECT_EQ(
+      OnlyNotice(DensityMapBuilder::Build(layers, inputs)),
+      "The DSM field 'Abundance' of the layer 'Blocks' could not be read: The layer 'Blocks' has no field "
+      "'Abundance'");
 }
 
 TEST(DensityMapNotices, DsmLayerWithoutGeometryKeepsTheStrata) {
@@ -239,9 +249,10 @@ TEST(DensityMapNotices, DsmValueThatIsNotANumberNamesTheRecord) {
   MapLayers::LoadDsm(layers, project, "Blocks", "Abundance");
   DensityMapInputs inputs = UniformInputs("", "");
   inputs.description = "DSM";
-  EXPECT_EQ(OnlyNotice(DensityMapBuilder::Build(layers, inputs)),
-            "The DSM field 'Abundance' holds 'many' for the record 2, not a number it can draw, so the surface "
-            "cannot be drawn.");
+  EXPECT_EQ(
+      OnlyNotice(DensityMapBuilder::Build(layers, inputs)),
+      "The DSM field 'Abundance' holds 'many' for the record 2, not a number it can draw, so the surface "
+      "cannot be drawn.");
 }
 
 }  // namespace

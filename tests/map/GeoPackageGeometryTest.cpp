@@ -1,12 +1,12 @@
 #include <gtest/gtest.h>
 #include <sqlite3.h>
+#include <unistd.h>
 
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
-#include <unistd.h>
 
 #include "projectdb/GeoPackageGeometryReader.h"
 #include "projectdb/GeoPackageProject.h"
@@ -22,9 +22,8 @@ namespace fs = std::filesystem;
 class GeoPackageGeometry : public ::testing::Test {
  protected:
   void SetUp() override {
-    folder_ = fs::temp_directory_path() /
-              ("zrsim-map-" + std::to_string(::getpid()) + "-" +
-               ::testing::UnitTest::GetInstance()->current_test_info()->name());
+    folder_ = fs::temp_directory_path() / ("zrsim-map-" + std::to_string(::getpid()) + "-" +
+                                           ::testing::UnitTest::GetInstance()->current_test_info()->name());
     fs::remove_all(folder_);
     fs::create_directories(folder_);
   }
@@ -172,12 +171,13 @@ TEST_F(GeoPackageGeometry, DamagedBlobNamesTheFeature) {
   char* error = nullptr;
   // The imported table's name is the project's own; find it through the layer table.
   sqlite3_stmt* statement = nullptr;
-  sqlite3_prepare_v2(db, "SELECT table_name FROM zrsim_layers WHERE name = 'Blocks'", -1, &statement, nullptr);
+  sqlite3_prepare_v2(db, "SELECT table_name FROM zrsim_layers WHERE name = 'Blocks'", -1, &statement,
+                     nullptr);
   ASSERT_EQ(sqlite3_step(statement), SQLITE_ROW);
   const std::string table = reinterpret_cast<const char*>(sqlite3_column_text(statement, 0));
   sqlite3_finalize(statement);
-  const std::string update = "UPDATE \"" + table +
-                             "\" SET geom = x'47500001E6100000010300000005000000' WHERE block_no = 3";
+  const std::string update =
+      "UPDATE \"" + table + "\" SET geom = x'47500001E6100000010300000005000000' WHERE block_no = 3";
   ASSERT_EQ(sqlite3_exec(db, update.c_str(), nullptr, nullptr, &error), SQLITE_OK) << (error ? error : "");
   sqlite3_close(db);
 
@@ -187,16 +187,18 @@ TEST_F(GeoPackageGeometry, DamagedBlobNamesTheFeature) {
     FAIL() << "a damaged blob was read";
   } catch (const RuntimeError& failure) {
     EXPECT_EQ(failure.source, "LayerGeometrySource");
-    EXPECT_EQ(failure.description,
-              "The geometry of the feature 3 of the layer 'Blocks' cannot be read: a WKB count of 5 is more than "
-              "the blob holds.");
+    EXPECT_EQ(
+        failure.description,
+        "The geometry of the feature 3 of the layer 'Blocks' cannot be read: a WKB count of 5 is more than "
+        "the blob holds.");
   }
   // The map turns it into a sentence.
   MapLayers layers;
   MapLayers::LoadRegion(layers, project, "Blocks");
-  EXPECT_EQ(layers.region_notice,
-            "The region / strata layer 'Blocks' could not be read: The geometry of the feature 3 of the layer "
-            "'Blocks' cannot be read: a WKB count of 5 is more than the blob holds.");
+  EXPECT_EQ(
+      layers.region_notice,
+      "The region / strata layer 'Blocks' could not be read: The geometry of the feature 3 of the layer "
+      "'Blocks' cannot be read: a WKB count of 5 is more than the blob holds.");
 }
 
 // Blob builders for the header variants GDAL does not write.
@@ -215,8 +217,8 @@ TEST(GeoPackageGeometryReader, BigEndianHeaderWithXyzmEnvelopeAndIsoPolygonZ) {
   blob.push_back(static_cast<char>(4 << 1));  // big endian, xyzm envelope
   Put32(blob, 32630, true);
   for (int i = 0; i < 8; ++i) PutDouble(blob, 0, true);
-  blob.push_back(0);           // WKB big endian
-  Put32(blob, 1003, true);     // ISO Polygon Z
+  blob.push_back(0);        // WKB big endian
+  Put32(blob, 1003, true);  // ISO Polygon Z
   Put32(blob, 1, true);
   Put32(blob, 3, true);
   for (const double xyz : {1.0, 2.0, 9.0, 3.0, 4.0, 9.0, 5.0, 6.0, 9.0}) PutDouble(blob, xyz, true);

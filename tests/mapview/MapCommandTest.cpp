@@ -56,7 +56,8 @@ TEST_F(MapCommandTest, SimulationWithoutRegionLayerIsStatusTwo) {
   project->SaveSimulationDefinition("Bare", "Engine=SIM;");
   project.reset();
   EXPECT_EQ(Run({"--project", File("empty.gpkg"), "--simulation", "Bare", "--out", File("bare.png")}), 2);
-  EXPECT_EQ(err_.str(), "zrsim map: the simulation 'Bare' has no region / strata layer, so there is no map to draw\n");
+  EXPECT_EQ(err_.str(),
+            "zrsim map: the simulation 'Bare' has no region / strata layer, so there is no map to draw\n");
   EXPECT_FALSE(std::filesystem::exists(File("bare.png")));
 }
 
@@ -67,8 +68,11 @@ TEST_F(MapCommandTest, LayerWithoutPolygonsIsStatusTwo) {
   project->AddSurvey(11, "Survey", 1, 10);
   project->SaveSimulationDefinition("Hollow simulation", "Engine=SIM;");
   project.reset();
-  EXPECT_EQ(Run({"--project", File("hollow.gpkg"), "--simulation", "Hollow simulation", "--out", File("h.png")}), 2);
-  EXPECT_EQ(err_.str(), "zrsim map: The region / strata layer 'Hollow' has no polygons, so there is nothing to draw.\n");
+  EXPECT_EQ(
+      Run({"--project", File("hollow.gpkg"), "--simulation", "Hollow simulation", "--out", File("h.png")}),
+      2);
+  EXPECT_EQ(err_.str(),
+            "zrsim map: The region / strata layer 'Hollow' has no polygons, so there is nothing to draw.\n");
 }
 
 TEST_F(MapCommandTest, MissingOptionsAreStatusTwo) {
@@ -79,14 +83,15 @@ TEST_F(MapCommandTest, MissingOptionsAreStatusTwo) {
 }
 
 TEST_F(MapCommandTest, BadSizeIsStatusTwo) {
-  EXPECT_EQ(Run({"--project", Sample(), "--simulation", "Sample simulation", "--out", File("x.png"), "--width",
-                 "wide"}),
+  EXPECT_EQ(Run({"--project", Sample(), "--simulation", "Sample simulation", "--out", File("x.png"),
+                 "--width", "wide"}),
             2);
   EXPECT_EQ(err_.str(), "zrsim map: --width must be a whole number of pixels from 16 to 16384, not 'wide'\n");
-  EXPECT_EQ(Run({"--project", Sample(), "--simulation", "Sample simulation", "--out", File("x.png"), "--height",
-                 "99999999999"}),
+  EXPECT_EQ(Run({"--project", Sample(), "--simulation", "Sample simulation", "--out", File("x.png"),
+                 "--height", "99999999999"}),
             2);
-  EXPECT_EQ(err_.str(), "zrsim map: --height must be a whole number of pixels from 16 to 16384, not '99999999999'\n");
+  EXPECT_EQ(err_.str(),
+            "zrsim map: --height must be a whole number of pixels from 16 to 16384, not '99999999999'\n");
 }
 
 TEST_F(MapCommandTest, UnknownSimulationIsStatusTwo) {

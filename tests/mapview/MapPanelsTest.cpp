@@ -89,7 +89,8 @@ TEST_F(MapPanelsTest, FormulaEditRedrawsTheSurface) {
   Density().txtFormula.UserType("= 1 + x/1000");
   ASSERT_TRUE(WaitForRedraw(before));
   EXPECT_NEAR(density_map_->Model()->ValueAt(2050, 1650), 1 + 2.05, 1e-5);
-  EXPECT_EQ(density_map_->Model()->legend.rfind("Relative density: the formula at each grid cell's centre", 0), 0u);
+  EXPECT_EQ(
+      density_map_->Model()->legend.rfind("Relative density: the formula at each grid cell's centre", 0), 0u);
 }
 
 TEST_F(MapPanelsTest, LargeGridIsComputedAwayAndTheNewestEditWins) {
@@ -181,7 +182,8 @@ TEST_F(MapPanelsTest, ScreenshotsOfBothPagesLightAndDark) {
       const std::string path = (folder / (std::string(name) + "-" + file + ".png")).string();
       ASSERT_TRUE(shot.save(QString::fromStdString(path))) << path;
     }
-    const QImage density = QImage(QString::fromStdString((folder / (std::string(name) + "-density.png")).string()));
+    const QImage density =
+        QImage(QString::fromStdString((folder / (std::string(name) + "-density.png")).string()));
     // The map's own background follows the palette.
     const QColor corner = density.pixelColor(density.width() - 30, 60);
     EXPECT_EQ(corner.lightness() < 100, std::string(name) == "dark") << name;

@@ -27,7 +27,7 @@ struct StratumGeometry {
 
 // The coordinate reference of a layer, as far as the host knows it.
 struct CoordinateReference {
-  std::string name;        // e.g. "EPSG:32630" or "WGS 84"; "" when undefined
+  std::string name;         // e.g. "EPSG:32630" or "WGS 84"; "" when undefined
   bool geographic = false;  // coordinates are longitude and latitude in degrees
 };
 

@@ -161,7 +161,8 @@ MapModel DensityMapBuilder::Build(const MapLayers& layers, const DensityMapInput
   bool any_hotspot = false;
   for (const Hotspot& hotspot : hotspots) any_hotspot = any_hotspot || hotspot.usable;
   if (any_hotspot) {
-    model.legend += ", plus each hotspot as a Gaussian bump: amplitude × exp(−d² / 2σ²); circles mark one sigma";
+    model.legend +=
+        ", plus each hotspot as a Gaussian bump: amplitude × exp(−d² / 2σ²); circles mark one sigma";
   }
   model.legend += ".";
   if (!FindRange(model)) {
@@ -178,7 +179,8 @@ bool DensityMapBuilder::ReadSpacing(const std::string& text, MapModel& model, do
     return false;
   }
   if (!ReadNumber(text, spacing)) {
-    model.notices.push_back("The grid spacing '" + text + "' is not a number, so the surface cannot be drawn.");
+    model.notices.push_back("The grid spacing '" + text +
+                            "' is not a number, so the surface cannot be drawn.");
     return false;
   }
   if (!(spacing > 0)) {
@@ -207,7 +209,8 @@ std::vector<DensityMapBuilder::Hotspot> DensityMapBuilder::ReadHotspots(const De
       const std::string& cell = inputs.hotspots[i][col];
       const std::string& heading = inputs.hotspot_headings[col];
       if (TrimBlanks(cell).empty()) {
-        model.notices.push_back("Hotspot " + row + ": the " + heading + " is blank, so the hotspot is not drawn.");
+        model.notices.push_back("Hotspot " + row + ": the " + heading +
+                                " is blank, so the hotspot is not drawn.");
         usable = false;
       } else if (!ReadNumber(cell, numbers[col])) {
         model.notices.push_back("Hotspot " + row + ": the " + heading + " '" + cell +
@@ -286,7 +289,8 @@ bool DensityMapBuilder::UniformValues(const DensityMapInputs& inputs, MapModel& 
 bool DensityMapBuilder::FormulaValues(const DensityMapInputs& inputs, MapModel& model) {
   DensityFormula formula(inputs.formula);
   if (formula.Empty()) {
-    model.notices.push_back("The formula is empty: type one, such as = -100 + x*1.02 + y*1.15, to see the surface.");
+    model.notices.push_back(
+        "The formula is empty: type one, such as = -100 + x*1.02 + y*1.15, to see the surface.");
     return false;
   }
   if (!formula.Parses()) {
@@ -316,8 +320,9 @@ bool DensityMapBuilder::FormulaValues(const DensityMapInputs& inputs, MapModel& 
 
 bool DensityMapBuilder::DsmValues(const MapLayers& layers, MapModel& model) {
   if (!layers.dsm) {
-    model.notices.push_back(layers.dsm_notice.empty() ? "The DSM layer has no geometry, so the surface cannot be drawn."
-                                                      : layers.dsm_notice);
+    model.notices.push_back(layers.dsm_notice.empty()
+                                ? "The DSM layer has no geometry, so the surface cannot be drawn."
+                                : layers.dsm_notice);
     return false;
   }
   std::vector<float> by_polygon(layers.dsm_values.size());
@@ -325,8 +330,9 @@ bool DensityMapBuilder::DsmValues(const MapLayers& layers, MapModel& model) {
     const std::string text = VariantToText(layers.dsm_values[i]);
     double value = 0;
     if (!ReadNumber(text, value) || !FitsTheSurface(value)) {
-      model.notices.push_back("The DSM field '" + layers.dsm_field + "' holds '" + text + "' for the record " +
-                              layers.dsm->strata[i].id + ", not a number it can draw, so the surface cannot be drawn.");
+      model.notices.push_back("The DSM field '" + layers.dsm_field + "' holds '" + text +
+                              "' for the record " + layers.dsm->strata[i].id +
+                              ", not a number it can draw, so the surface cannot be drawn.");
       return false;
     }
     by_polygon[i] = static_cast<float>(value);
@@ -353,8 +359,8 @@ void DensityMapBuilder::AddBumps(const std::vector<Hotspot>& hotspots, MapModel&
     int32_t end_col = 0;
     int32_t first_row = 0;
     int32_t end_row = 0;
-    CellSpan(mark.centre.x - reach, mark.centre.x + reach, raster.OriginX(), raster.Spacing(), raster.Columns(),
-             first_col, end_col);
+    CellSpan(mark.centre.x - reach, mark.centre.x + reach, raster.OriginX(), raster.Spacing(),
+             raster.Columns(), first_col, end_col);
     CellSpan(mark.centre.y - reach, mark.centre.y + reach, raster.OriginY(), raster.Spacing(), raster.Rows(),
              first_row, end_row);
     const double two_sigma_squared = 2 * mark.sigma * mark.sigma;
@@ -364,7 +370,8 @@ void DensityMapBuilder::AddBumps(const std::vector<Hotspot>& hotspots, MapModel&
         const size_t cell = raster.Index(col, row);
         if (std::isnan(model.values[cell])) continue;
         const double dx = raster.CentreX(col) - mark.centre.x;
-        model.values[cell] += static_cast<float>(mark.amplitude * std::exp(-(dx * dx + dy * dy) / two_sigma_squared));
+        model.values[cell] +=
+            static_cast<float>(mark.amplitude * std::exp(-(dx * dx + dy * dy) / two_sigma_squared));
       }
     }
   }

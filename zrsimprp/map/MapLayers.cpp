@@ -55,8 +55,8 @@ std::shared_ptr<const LayerShapes> ReadShapes(const std::shared_ptr<ProjectDatab
       return nullptr;
     }
     if (!AllFinite(*shapes)) {
-      notice = "The " + role + " '" + layer_name + "' has a point whose coordinates are not finite numbers, " +
-               consequence;
+      notice = "The " + role + " '" + layer_name +
+               "' has a point whose coordinates are not finite numbers, " + consequence;
       return nullptr;
     }
     if (!HasPolygons(*shapes)) {
@@ -131,8 +131,8 @@ void MapLayers::LoadDsm(MapLayers& layers, const std::shared_ptr<ProjectDatabase
     layers.dsm_values = rows->front();
     layers.dsm = std::move(shapes);
   } catch (const std::exception& error) {
-    layers.dsm_notice = "The DSM field '" + field + "' of the layer '" + layer_name +
-                        "' could not be read: " + Reason(error);
+    layers.dsm_notice =
+        "The DSM field '" + field + "' of the layer '" + layer_name + "' could not be read: " + Reason(error);
   }
 }
 

@@ -120,7 +120,8 @@ void DensityMapPanel::Recompute(bool wait) {
     std::shared_ptr<const MapModel> model = build();
     // Back on the GUI thread; the panel may be gone by then.
     QMetaObject::invokeMethod(
-        qApp, [guard, model, generation]() {
+        qApp,
+        [guard, model, generation]() {
           if (guard) guard->Finished(model, generation);
         },
         Qt::QueuedConnection);

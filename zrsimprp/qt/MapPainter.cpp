@@ -39,10 +39,10 @@ QPainterPath StratumPath(const StratumGeometry& stratum) {
 
 // Distinct, calm colours for telling strata apart (a qualitative palette).
 QColor StratumColour(size_t index) {
-  static const QColor kColours[] = {QColor(0x4e, 0x79, 0xa7), QColor(0xf2, 0x8e, 0x2b), QColor(0x59, 0xa1, 0x4f),
-                                    QColor(0xe1, 0x57, 0x59), QColor(0x76, 0xb7, 0xb2), QColor(0xed, 0xc9, 0x48),
-                                    QColor(0xb0, 0x7a, 0xa1), QColor(0xff, 0x9d, 0xa7), QColor(0x9c, 0x75, 0x5f),
-                                    QColor(0xba, 0xb0, 0xac)};
+  static const QColor kColours[] = {
+      QColor(0x4e, 0x79, 0xa7), QColor(0xf2, 0x8e, 0x2b), QColor(0x59, 0xa1, 0x4f), QColor(0xe1, 0x57, 0x59),
+      QColor(0x76, 0xb7, 0xb2), QColor(0xed, 0xc9, 0x48), QColor(0xb0, 0x7a, 0xa1), QColor(0xff, 0x9d, 0xa7),
+      QColor(0x9c, 0x75, 0x5f), QColor(0xba, 0xb0, 0xac)};
   return kColours[index % (sizeof kColours / sizeof kColours[0])];
 }
 
@@ -142,7 +142,9 @@ void MapPainter::Paint(QPainter& painter, const QRectF& whole, const QPalette& p
   const qreal legend_height =
       model_->legend.empty()
           ? 0
-          : painter.boundingRect(QRectF(0, 0, text_width, 10000), legend_flags, Text(model_->legend)).height() + 4;
+          : painter.boundingRect(QRectF(0, 0, text_width, 10000), legend_flags, Text(model_->legend))
+                    .height() +
+                4;
   const qreal scale_bar_height = metrics.height() + 8;
   QRectF frame = area.adjusted(kMargin, kMargin, -kMargin, -(kMargin + scale_bar_height + legend_height));
   if (surface) frame.setRight(frame.right() - kScaleWidth - kScaleLabelWidth - kMargin);
@@ -171,14 +173,17 @@ void MapPainter::Paint(QPainter& painter, const QRectF& whole, const QPalette& p
   PaintHotspots(painter, palette);
   if (surface) {
     const qreal bar_height = std::max<qreal>(std::min<qreal>(80, frame.height()), map_frame_.height());
-    const QRectF bar(frame.right() + kMargin, map_frame_.center().y() - bar_height / 2, kScaleWidth, bar_height);
+    const QRectF bar(frame.right() + kMargin, map_frame_.center().y() - bar_height / 2, kScaleWidth,
+                     bar_height);
     PaintColourScale(painter, bar, palette);
   }
-  PaintScaleBar(painter, QRectF(area.left() + kMargin, map_frame_.bottom() + 4, area.width() / 2, scale_bar_height),
+  PaintScaleBar(painter,
+                QRectF(area.left() + kMargin, map_frame_.bottom() + 4, area.width() / 2, scale_bar_height),
                 palette);
   if (!model_->legend.empty()) {
     painter.setPen(palette.color(QPalette::Text));
-    const QRectF legend(area.left() + kMargin, map_frame_.bottom() + 4 + scale_bar_height, text_width, legend_height);
+    const QRectF legend(area.left() + kMargin, map_frame_.bottom() + 4 + scale_bar_height, text_width,
+                        legend_height);
     painter.drawText(legend, legend_flags, Text(model_->legend));
   }
   painter.restore();
@@ -200,8 +205,8 @@ void MapPainter::PaintStrata(QPainter& painter, const QRectF& area, const QPalet
   const QRect pixels = area.toAlignedRect();
   const QRgb ink = palette.color(QPalette::Text).rgba();
   const QTransform transform = to_widget_ * QTransform::fromTranslate(-pixels.left(), -pixels.top());
-  if (strata_layer_.size() != pixels.size() || strata_layer_transform_ != transform || strata_layer_ink_ != ink ||
-      strata_layer_filled_ != model_->colour_by_stratum) {
+  if (strata_layer_.size() != pixels.size() || strata_layer_transform_ != transform ||
+      strata_layer_ink_ != ink || strata_layer_filled_ != model_->colour_by_stratum) {
     strata_layer_ = QImage(pixels.size(), QImage::Format_ARGB32_Premultiplied);
     strata_layer_.fill(Qt::transparent);
     QPainter layer(&strata_layer_);
@@ -257,8 +262,8 @@ void MapPainter::PaintHotspots(QPainter& painter, const QPalette& palette) {
   for (const HotspotMark& mark : model_->hotspots) {
     const QPointF centre = to_widget_.map(QPointF(mark.centre.x, mark.centre.y));
     const QColor colour = mark.inside ? QColor(0xff, 0xff, 0xff) : QColor(0xe1, 0x2d, 0x39);
-    for (const auto& [pen_colour, width] : {std::pair<QColor, qreal>{QColor(0, 0, 0, 160), 3.2},
-                                            std::pair<QColor, qreal>{colour, 1.6}}) {
+    for (const auto& [pen_colour, width] :
+         {std::pair<QColor, qreal>{QColor(0, 0, 0, 160), 3.2}, std::pair<QColor, qreal>{colour, 1.6}}) {
       QPen pen(pen_colour, width);
       if (!mark.inside) pen.setStyle(Qt::DashLine);
       painter.setPen(pen);
@@ -299,7 +304,8 @@ void MapPainter::PaintColourScale(QPainter& painter, const QRectF& bar, const QP
 void MapPainter::PaintScaleBar(QPainter& painter, const QRectF& frame, const QPalette& palette) {
   const double scale = std::abs(to_widget_.m11());
   if (!(scale > 0)) return;
-  const ScaleBar bar = ScaleBar::Choose(1.0 / scale, std::min<qreal>(160, frame.width() * 0.6), model_->geographic);
+  const ScaleBar bar =
+      ScaleBar::Choose(1.0 / scale, std::min<qreal>(160, frame.width() * 0.6), model_->geographic);
   if (bar.length <= 0) return;
   const qreal pixels = bar.length * scale;
   const qreal y = frame.top() + frame.height() - 3;
@@ -310,7 +316,8 @@ void MapPainter::PaintScaleBar(QPainter& painter, const QRectF& frame, const QPa
   painter.drawText(QPointF(frame.left() + pixels + 6, y + 1), Text(bar.label));
 }
 
-qreal MapPainter::PaintSentences(QPainter& painter, const QRectF& area, const QPalette& palette, bool centred) {
+qreal MapPainter::PaintSentences(QPainter& painter, const QRectF& area, const QPalette& palette,
+                                 bool centred) {
   if (model_->notices.empty()) return 0;
   QString text;
   for (const std::string& notice : model_->notices) {
@@ -319,7 +326,8 @@ qreal MapPainter::PaintSentences(QPainter& painter, const QRectF& area, const QP
   }
   const int flags = Qt::TextWordWrap | (centred ? Qt::AlignCenter : Qt::AlignLeft | Qt::AlignTop);
   const QRectF needed = painter.boundingRect(area.adjusted(6, 4, -6, -4), flags, text);
-  QRectF box = centred ? needed.adjusted(-6, -4, 6, 4) : QRectF(area.left(), area.top(), area.width(), needed.height() + 8);
+  QRectF box = centred ? needed.adjusted(-6, -4, 6, 4)
+                       : QRectF(area.left(), area.top(), area.width(), needed.height() + 8);
   QColor back = palette.color(QPalette::AlternateBase);
   painter.setPen(QPen(palette.color(QPalette::Mid), 1));
   painter.setBrush(back);

@@ -3,8 +3,8 @@
 #include <QImage>
 #include <QPainterPath>
 #include <QPalette>
-#include <QPolygonF>
 #include <QPointF>
+#include <QPolygonF>
 #include <QRectF>
 #include <QString>
 #include <QTransform>

@@ -57,7 +57,8 @@ int MapCommand::Run(const std::vector<std::string>& words) {
 }
 
 int MapCommand::Dimension(const std::string& option, const std::string& text) {
-  const bool whole = !text.empty() && text.size() <= 6 && text.find_first_not_of("0123456789") == std::string::npos;
+  const bool whole =
+      !text.empty() && text.size() <= 6 && text.find_first_not_of("0123456789") == std::string::npos;
   const int value = whole ? std::stoi(text) : 0;
   if (value < 16 || value > kLargestSide) {
     throw UsageError("zrsim map: --" + option + " must be a whole number of pixels from 16 to " +
@@ -79,7 +80,8 @@ int MapCommand::Draw(const std::vector<std::string>& words) {
                                         .Option("height")
                                         .Parse(words);
   for (const char* required : {"project", "simulation", "out"}) {
-    if (!arguments.Has(required)) throw UsageError(std::string("zrsim map: --") + required + " is missing\n" + Usage());
+    if (!arguments.Has(required))
+      throw UsageError(std::string("zrsim map: --") + required + " is missing\n" + Usage());
   }
   const int width = Dimension("width", arguments.Value("width", std::to_string(kDefaultWidth)));
   const int height = Dimension("height", arguments.Value("height", std::to_string(kDefaultHeight)));
@@ -107,7 +109,8 @@ int MapCommand::Draw(const std::vector<std::string>& words) {
     err_ << "zrsim map: " << layers.region_notice << "\n";
     return kUsageOrFileError;
   }
-  const zrsimprp::DensityMapInputs inputs = zrsimprp::DensityMapInputs::FromPage(session.Control().pagDensity);
+  const zrsimprp::DensityMapInputs inputs =
+      zrsimprp::DensityMapInputs::FromPage(session.Control().pagDensity);
   auto model = std::make_shared<const zrsimprp::MapModel>(zrsimprp::DensityMapBuilder::Build(layers, inputs));
 
   QImage picture(width, height, QImage::Format_ARGB32_Premultiplied);
