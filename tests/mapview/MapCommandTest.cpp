@@ -1,8 +1,12 @@
 #include <gtest/gtest.h>
+#include <sys/wait.h>
 
 #include <QColor>
 #include <QImage>
+#include <cstdlib>
+#include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <sstream>
 
 #include "projectdb/GeoPackageProject.h"
@@ -110,6 +114,23 @@ TEST_F(MapCommandTest, NotAProjectIsStatusTwo) {
   std::ofstream(text) << "not a database";
   EXPECT_EQ(Run({"--project", text, "--simulation", "Sample simulation", "--out", File("x.png")}), 2);
   EXPECT_FALSE(err_.str().empty());
+}
+
+// zrsim without zrsim-map beside it (installed without the Qt view): a sentence and status 2.
+TEST_F(MapCommandTest, ZrsimWithoutTheDrawingProgramIsStatusTwo) {
+  const std::filesystem::path built = std::filesystem::path(ZRSIMPRP_BINARY_DIR) / "apps" / "zrsim" / "zrsim";
+  ASSERT_TRUE(std::filesystem::exists(built)) << "build the zrsim program first";
+  const std::string alone = File("zrsim");
+  std::filesystem::copy_file(built, alone);
+  const std::string command = "'" + alone + "' map --help > '" + File("out.txt") + "' 2>&1";
+  const int status = std::system(command.c_str());
+  ASSERT_TRUE(WIFEXITED(status));
+  EXPECT_EQ(WEXITSTATUS(status), 2);
+  std::ifstream text(File("out.txt"));
+  const std::string said((std::istreambuf_iterator<char>(text)), std::istreambuf_iterator<char>());
+  EXPECT_EQ(said,
+            "zrsim map: the drawing program '" + File("zrsim-map") +
+                "' is not installed beside zrsim (it is built with the Qt view), so no map can be drawn\n");
 }
 
 TEST_F(MapCommandTest, HelpPrintsUsage) {
