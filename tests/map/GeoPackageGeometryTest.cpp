@@ -6,6 +6,7 @@
 #include <cstring>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <sstream>
 
 #include "projectdb/GeoPackageGeometryReader.h"
@@ -121,28 +122,38 @@ TEST_F(GeoPackageGeometry, ThreeDimensionalPolygonsLoseTheirZ) {
   EXPECT_DOUBLE_EQ(ring[2].y, 10);
 }
 
-TEST_F(GeoPackageGeometry, Gp10ApplicationIdIsAccepted) {
-  const std::string gpkg = WriteWithGdal(kBlocks, "-a_srs EPSG:32630");
-  // Patch the SQLite header's application id (bytes 68-71, big-endian) to "GP10", as GeoPackage 1.0
-  // writers set it.
+// Patches the SQLite header's application id (bytes 68-71, big-endian) of a GDAL-written file, as
+// GeoPackage 1.0 ("GP10") and 1.1 ("GP11") writers set it, and reads the layer through a project.
+void ExpectReadableWithApplicationId(const std::string& gpkg, const char (&id)[5], int32_t expected,
+                                     const std::function<std::shared_ptr<GeoPackageProject>()>& import) {
   std::fstream file(gpkg, std::ios::in | std::ios::out | std::ios::binary);
   file.seekp(68);
-  file.write("GP10", 4);
+  file.write(id, 4);
   file.close();
   sqlite3* db = nullptr;
   ASSERT_EQ(sqlite3_open_v2(gpkg.c_str(), &db, SQLITE_OPEN_READONLY, nullptr), SQLITE_OK);
   sqlite3_stmt* statement = nullptr;
   sqlite3_prepare_v2(db, "PRAGMA application_id", -1, &statement, nullptr);
   ASSERT_EQ(sqlite3_step(statement), SQLITE_ROW);
-  EXPECT_EQ(sqlite3_column_int(statement, 0), 0x47503130);
+  EXPECT_EQ(sqlite3_column_int(statement, 0), expected);
   sqlite3_finalize(statement);
   sqlite3_close(db);
 
-  auto project = ProjectFrom(gpkg);
+  auto project = import();
   const std::optional<LayerShapes> shapes = project->LayerGeometry("Blocks");
   ASSERT_TRUE(shapes.has_value());
   EXPECT_EQ(shapes->strata.size(), 2u);
   EXPECT_EQ(shapes->strata[0].polygons[0].rings.size(), 2u);
+}
+
+TEST_F(GeoPackageGeometry, Gp10ApplicationIdIsAccepted) {
+  const std::string gpkg = WriteWithGdal(kBlocks, "-a_srs EPSG:32630");
+  ExpectReadableWithApplicationId(gpkg, "GP10", 0x47503130, [&]() { return ProjectFrom(gpkg); });
+}
+
+TEST_F(GeoPackageGeometry, Gp11ApplicationIdIsAccepted) {
+  const std::string gpkg = WriteWithGdal(kBlocks, "-a_srs EPSG:32630");
+  ExpectReadableWithApplicationId(gpkg, "GP11", 0x47503131, [&]() { return ProjectFrom(gpkg); });
 }
 
 TEST_F(GeoPackageGeometry, SampleProjectStrataHaveTheirHoleAndDetachedPart) {
