@@ -5,6 +5,7 @@
 #include "tests/map/MapTestLayers.h"
 #include "zrsimprp/map/DensityMapBuilder.h"
 #include "zrsimprp/map/ScaleBar.h"
+#include "zrsimprp/map/ScaleTicks.h"
 #include "zrsimprp/map/ViridisScale.h"
 
 namespace zrsimprp {
@@ -169,6 +170,14 @@ TEST(MapScale, ScaleBarIsTheLongestRoundLengthThatFits) {
   EXPECT_DOUBLE_EQ(ScaleBar::Choose(0.001, 90, true).length, 0.05);
   EXPECT_EQ(ScaleBar::Choose(0.001, 90, true).label, "0.05°");
   EXPECT_DOUBLE_EQ(ScaleBar::Choose(0, 100, false).length, 0);
+}
+
+TEST(MapScale, ColourScaleTicksAreRoundValuesWithinTheRange) {
+  EXPECT_EQ(ScaleTicks::Between(1.5, 6.079, 4), (std::vector<double>{2, 4, 6}));
+  EXPECT_EQ(ScaleTicks::Between(1.5, 6.079, 6), (std::vector<double>{2, 3, 4, 5, 6}));
+  EXPECT_EQ(ScaleTicks::Between(0, 1, 4), (std::vector<double>{0, 0.5, 1}));
+  EXPECT_EQ(ScaleTicks::Between(-120, 80, 4), (std::vector<double>{-100, -50, 0, 50}));
+  EXPECT_EQ(ScaleTicks::Between(3, 3, 4), (std::vector<double>{3}));
 }
 
 TEST(MapScale, ViridisRunsFromVioletToYellow) {

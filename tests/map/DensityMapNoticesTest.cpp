@@ -102,6 +102,27 @@ TEST(DensityMapNotices, GridSpacingTooSmallForTheCellCap) {
   EXPECT_TRUE(Build(UniformInputs("1", "1", "0.01")).HasSurface());  // 2 million cells
 }
 
+TEST(DensityMapNotices, OutlinesTooDetailedForTheSpacing) {
+  // A comb of 20,000 teeth 0.02 wide and 1,000 high: 400 x 1,000 cells at spacing 1, but 40,000
+  // edges that each cross all 1,000 rows.
+  auto project = TwoStrataProject();
+  std::vector<MapPoint> comb;
+  for (int tooth = 0; tooth < 20000; ++tooth) {
+    comb.push_back({tooth * 0.02, 0});
+    comb.push_back({tooth * 0.02 + 0.01, 1000});
+  }
+  comb.push_back({400, 0});
+  project->SetLayerShapes("Blocks", {{MapPolygon{{comb}}}, {MapPolygon{{map_test::Box(399, 0, 400, 1)}}}});
+  const MapModel model =
+      DensityMapBuilder::Build(LoadedLayers(project, "Blocks"), UniformInputs("1", "2", "1"));
+  EXPECT_FALSE(model.HasSurface());
+  EXPECT_EQ(OnlyNotice(model),
+            "The outlines of the layer 'Blocks' cross the rows of grid spacing 1 4e+07 times, more than the "
+            "1.6e+07 the map follows, so the surface is not drawn; a larger grid spacing draws it.");
+  EXPECT_TRUE(
+      DensityMapBuilder::Build(LoadedLayers(project, "Blocks"), UniformInputs("1", "2", "4")).HasSurface());
+}
+
 TEST(DensityMapNotices, NonNumericDensityNamesTheStratum) {
   const MapModel model = Build(UniformInputs("2", "lots"));
   EXPECT_FALSE(model.HasSurface());

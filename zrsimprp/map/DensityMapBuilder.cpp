@@ -136,6 +136,15 @@ MapModel DensityMapBuilder::Build(const MapLayers& layers, const DensityMapInput
       previous->raster->Spacing() == spacing) {
     model.raster = previous->raster;
   } else {
+    const double crossings = StrataRaster::CrossingCount(*model.strata, model.extent, spacing);
+    if (crossings > kMaxCrossings) {
+      model.notices.push_back(
+          "The outlines of the layer '" + model.layer_name + "' cross the rows of grid spacing " +
+          std::string(TrimBlanks(inputs.grid_spacing)) + " " + MapNumber::Text(crossings, 3) +
+          " times, more than the " + MapNumber::Text(kMaxCrossings, 3) +
+          " the map follows, so the surface is not drawn; a larger grid spacing draws it.");
+      return model;
+    }
     model.raster = StrataRaster::Make(*model.strata, model.extent, spacing);
   }
 

@@ -17,6 +17,9 @@ class DensityMapBuilder {
  public:
   // More cells than this are not drawn: the grid spacing is then too small for the map.
   static constexpr double kMaxCells = 4'000'000;
+  // Nor are outlines that cross the grid's rows more often than this (thousands of long zigzag
+  // edges at a fine spacing): laying the grid over them would take seconds.
+  static constexpr double kMaxCrossings = 16'000'000;
 
   // `previous` (may be null) is the last model built for this page: its grid is reused when the layer
   // and the spacing are the same, so editing a density or the formula does not rasterise again.

@@ -8,13 +8,6 @@ namespace zrsimprp {
 
 namespace {
 
-// A row-centre crossing of one edge: the row and the x where the edge meets the row's centre line.
-struct Crossing {
-  int32_t row;
-  double x;
-  bool operator<(const Crossing& other) const { return row != other.row ? row < other.row : x < other.x; }
-};
-
 // Calls `edge(a, b)` for every edge of the ring, closing it when its last point is not its first.
 template <class EdgeFn>
 void ForEachEdge(const std::vector<MapPoint>& ring, EdgeFn&& edge) {
@@ -26,7 +19,8 @@ void ForEachEdge(const std::vector<MapPoint>& ring, EdgeFn&& edge) {
 
 // The first index i with origin + (i + 0.5) * spacing >= value.
 int64_t FirstCentreAtOrAbove(double value, double origin, double spacing) {
-  return static_cast<int64_t>(std::ceil((value - origin) / spacing - 0.5));
+  // Clamped before the conversion: callers clamp to the grid, whose sides are far below this.
+  return static_cast<int64_t>(std::clamp(std::ceil((value - origin) / spacing - 0.5), -1.0, 4.0e9));
 }
 
 }  // namespace
@@ -57,38 +51,95 @@ std::shared_ptr<const StrataRaster> StrataRaster::Make(const LayerShapes& shapes
   return raster;
 }
 
+double StrataRaster::CrossingCount(const LayerShapes& shapes, const MapExtent& extent, double spacing) {
+  const double rows = std::max(1.0, std::ceil(extent.Height() / spacing));
+  double count = 0;
+  for (const StratumGeometry& stratum : shapes.strata) {
+    for (const MapPolygon& polygon : stratum.polygons) {
+      for (const auto& ring : polygon.rings) {
+        ForEachEdge(ring, [&](const MapPoint& a, const MapPoint& b) {
+          const double low =
+              std::clamp(std::ceil((std::min(a.y, b.y) - extent.min_y) / spacing - 0.5), 0.0, rows);
+          const double high =
+              std::clamp(std::ceil((std::max(a.y, b.y) - extent.min_y) / spacing - 0.5), 0.0, rows);
+          count += high - low;
+        });
+      }
+    }
+  }
+  return count;
+}
+
 void StrataRaster::FillStratum(const StratumGeometry& stratum, int32_t owner) {
-  std::vector<Crossing> crossings;
-  const auto add_edge = [&](const MapPoint& a, const MapPoint& b) {
-    if (a.y == b.y) return;
-    const MapPoint& low = a.y < b.y ? a : b;
-    const MapPoint& high = a.y < b.y ? b : a;
-    // Half-open in y, so a vertex shared by two edges is counted once.
-    const int64_t first = std::max<int64_t>(0, FirstCentreAtOrAbove(low.y, origin_y_, spacing_));
-    const int64_t end = std::min<int64_t>(rows_, FirstCentreAtOrAbove(high.y, origin_y_, spacing_));
-    const double slope = (high.x - low.x) / (high.y - low.y);
-    for (int64_t row = first; row < end; ++row) {
-      const double y = CentreY(static_cast<int32_t>(row));
-      crossings.push_back({static_cast<int32_t>(row), low.x + (y - low.y) * slope});
+  // The rows each edge crosses (half-open in y, so a vertex shared by two edges counts once).
+  const auto row_span = [&](const MapPoint& a, const MapPoint& b, int64_t& first, int64_t& end) {
+    first = std::clamp<int64_t>(FirstCentreAtOrAbove(std::min(a.y, b.y), origin_y_, spacing_), 0, rows_);
+    end = std::clamp<int64_t>(FirstCentreAtOrAbove(std::max(a.y, b.y), origin_y_, spacing_), 0, rows_);
+  };
+  int64_t low_row = rows_;
+  int64_t high_row = 0;
+  const auto each_edge = [&](auto&& edge) {
+    for (const MapPolygon& polygon : stratum.polygons) {
+      for (const auto& ring : polygon.rings) ForEachEdge(ring, edge);
     }
   };
-  for (const MapPolygon& polygon : stratum.polygons) {
-    for (const auto& ring : polygon.rings) ForEachEdge(ring, add_edge);
+  each_edge([&](const MapPoint& a, const MapPoint& b) {
+    int64_t first = 0;
+    int64_t end = 0;
+    row_span(a, b, first, end);
+    if (a.y == b.y || first >= end) return;
+    low_row = std::min(low_row, first);
+    high_row = std::max(high_row, end);
+  });
+  if (low_row >= high_row) return;
+
+  // Crossings bucketed by row (a counting sort), so only each row's few crossings are sorted.
+  std::vector<size_t> starts(static_cast<size_t>(high_row - low_row) + 1, 0);
+  each_edge([&](const MapPoint& a, const MapPoint& b) {
+    int64_t first = 0;
+    int64_t end = 0;
+    row_span(a, b, first, end);
+    if (a.y == b.y || first >= end) return;
+    starts[static_cast<size_t>(first - low_row)] += 1;
+    starts[static_cast<size_t>(end - low_row)] -= 1;  // wraps, and unwraps in the running sum below
+  });
+  size_t running = 0;
+  size_t total = 0;
+  for (size_t& start : starts) {
+    running += start;  // crossings on this row
+    start = total;
+    total += running;
   }
-  std::sort(crossings.begin(), crossings.end());
-  for (size_t i = 0; i + 1 < crossings.size(); i += 2) {
-    const Crossing& enter = crossings[i];
-    const Crossing& leave = crossings[i + 1];
-    if (enter.row != leave.row) {  // an odd count on a row: a ring that does not close; skip one
-      --i;
-      continue;
+  std::vector<double> xs(total);
+  std::vector<size_t> next(starts.begin(), starts.end());
+  each_edge([&](const MapPoint& a, const MapPoint& b) {
+    int64_t first = 0;
+    int64_t end = 0;
+    row_span(a, b, first, end);
+    if (a.y == b.y || first >= end) return;
+    const MapPoint& low = a.y < b.y ? a : b;
+    const MapPoint& high = a.y < b.y ? b : a;
+    const double slope = (high.x - low.x) / (high.y - low.y);
+    for (int64_t row = first; row < end; ++row) {
+      xs[next[static_cast<size_t>(row - low_row)]++] =
+          low.x + (CentreY(static_cast<int32_t>(row)) - low.y) * slope;
     }
-    const int64_t first = std::max<int64_t>(0, FirstCentreAtOrAbove(enter.x, origin_x_, spacing_));
-    const int64_t end = std::min<int64_t>(columns_, FirstCentreAtOrAbove(leave.x, origin_x_, spacing_));
-    if (first >= end) continue;
-    const size_t base = Index(0, enter.row);
-    std::fill(owners_.begin() + static_cast<std::ptrdiff_t>(base + static_cast<size_t>(first)),
-              owners_.begin() + static_cast<std::ptrdiff_t>(base + static_cast<size_t>(end)), owner);
+  });
+
+  for (int64_t row = low_row; row < high_row; ++row) {
+    const auto begin = xs.begin() + static_cast<std::ptrdiff_t>(starts[static_cast<size_t>(row - low_row)]);
+    const auto finish =
+        xs.begin() + static_cast<std::ptrdiff_t>(starts[static_cast<size_t>(row - low_row) + 1]);
+    std::sort(begin, finish);
+    const size_t base = Index(0, static_cast<int32_t>(row));
+    for (auto it = begin; it + 1 < finish; it += 2) {
+      const double enter = std::clamp(std::ceil((*it - origin_x_) / spacing_ - 0.5), 0.0, double(columns_));
+      const double leave =
+          std::clamp(std::ceil((*(it + 1) - origin_x_) / spacing_ - 0.5), 0.0, double(columns_));
+      if (enter >= leave) continue;
+      std::fill(owners_.begin() + static_cast<std::ptrdiff_t>(base + static_cast<size_t>(enter)),
+                owners_.begin() + static_cast<std::ptrdiff_t>(base + static_cast<size_t>(leave)), owner);
+    }
   }
 }
 

@@ -24,6 +24,8 @@ class StrataRaster {
 
   // The number of cells Make would lay over `extent` (as a double, so that tiny spacings do not wrap).
   static double CellCount(const MapExtent& extent, double spacing);
+  // How many times the strata's edges cross the rows' centre lines: Make's work besides the cells.
+  static double CrossingCount(const LayerShapes& shapes, const MapExtent& extent, double spacing);
 
   int32_t Columns() const { return columns_; }
   int32_t Rows() const { return rows_; }

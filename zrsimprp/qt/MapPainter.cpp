@@ -9,6 +9,7 @@
 
 #include "zrsimprp/map/MapNumber.h"
 #include "zrsimprp/map/ScaleBar.h"
+#include "zrsimprp/map/ScaleTicks.h"
 #include "zrsimprp/map/ViridisScale.h"
 
 namespace zrsimprp {
@@ -290,10 +291,8 @@ void MapPainter::PaintColourScale(QPainter& painter, const QRectF& bar, const QP
   const QFontMetricsF metrics(painter.font());
   const double low = model_->value_min;
   const double high = model_->value_max;
-  const int steps = high > low ? 4 : 0;
-  for (int i = 0; i <= steps; ++i) {
-    const double fraction = steps == 0 ? 0.5 : static_cast<double>(i) / steps;
-    const double value = steps == 0 ? low : low + (high - low) * fraction;
+  for (const double value : ScaleTicks::Between(low, high, 5)) {
+    const double fraction = high > low ? (value - low) / (high - low) : 0.5;
     const qreal y = bar.bottom() - fraction * bar.height();
     painter.drawLine(QPointF(bar.right(), y), QPointF(bar.right() + 3, y));
     painter.drawText(QRectF(bar.right() + 5, y - metrics.height() / 2, kScaleLabelWidth, metrics.height()),
