@@ -109,6 +109,13 @@ void DensityMapBuilder::AddOutlines(MapModel& model, const MapLayers& layers) {
     if (!layers.region_notice.empty()) model.notices.push_back(layers.region_notice);
     return;
   }
+  const MapExtent& extent = layers.region_extent;
+  if (!std::isfinite(extent.min_x) || !std::isfinite(extent.min_y) || !std::isfinite(extent.Width()) ||
+      !std::isfinite(extent.Height())) {
+    model.notices.push_back("The region / strata layer '" + layers.region_layer +
+                            "' spans coordinates that are not finite numbers, so there is nothing to draw.");
+    return;
+  }
   model.strata = layers.region;
   model.geographic = layers.region->reference.geographic;
   model.reference_name = layers.region->reference.name;

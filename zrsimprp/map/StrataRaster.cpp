@@ -8,19 +8,27 @@ namespace zrsimprp {
 
 namespace {
 
+bool Finite(const MapPoint& point) { return std::isfinite(point.x) && std::isfinite(point.y); }
+
 // Calls `edge(a, b)` for every edge of the ring, closing it when its last point is not its first.
+// Edges with a coordinate that is not a finite number are left out (the layer loader refuses such
+// layers; this keeps the grid safe for any caller).
 template <class EdgeFn>
 void ForEachEdge(const std::vector<MapPoint>& ring, EdgeFn&& edge) {
   const size_t n = ring.size();
   if (n < 2) return;
-  for (size_t i = 0; i + 1 < n; ++i) edge(ring[i], ring[i + 1]);
-  if (ring.front().x != ring.back().x || ring.front().y != ring.back().y) edge(ring.back(), ring.front());
+  const auto visit = [&](const MapPoint& a, const MapPoint& b) {
+    if (Finite(a) && Finite(b)) edge(a, b);
+  };
+  for (size_t i = 0; i + 1 < n; ++i) visit(ring[i], ring[i + 1]);
+  if (ring.front().x != ring.back().x || ring.front().y != ring.back().y) visit(ring.back(), ring.front());
 }
 
 // The first index i with origin + (i + 0.5) * spacing >= value.
 int64_t FirstCentreAtOrAbove(double value, double origin, double spacing) {
   // Clamped before the conversion: callers clamp to the grid, whose sides are far below this.
-  return static_cast<int64_t>(std::clamp(std::ceil((value - origin) / spacing - 0.5), -1.0, 4.0e9));
+  const double index = std::ceil((value - origin) / spacing - 0.5);
+  return std::isnan(index) ? -1 : static_cast<int64_t>(std::clamp(index, -1.0, 4.0e9));
 }
 
 }  // namespace
