@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QLabel>
 #include <QMessageBox>
 #include <QStyleFactory>
 #include <QTest>
@@ -11,6 +12,7 @@
 #include "zrsim/SessionProject.h"
 #include "zrsimprp/control/SIMProperties.h"
 #include "zrsimprp/qt/DensityMapPanel.h"
+#include "zrsimprp/qt/MapCanvas.h"
 #include "zrsimprp/qt/SIMPropertiesWidget.h"
 #include "zrsimprp/qt/StrataMapPanel.h"
 
@@ -69,6 +71,25 @@ TEST_F(MapPanelsTest, DensityMapShowsTheSampleStrataAndSurface) {
   EXPECT_EQ(model->labels[1].text, "Central");
   EXPECT_EQ(model->hotspots.size(), 2u);
   EXPECT_DOUBLE_EQ(model->value_min, 1.5);
+}
+
+TEST_F(MapPanelsTest, StatusLineGivesThePointersPositionAndValue) {
+  OpenSample();
+  widget_->ShowOuterTab(1);
+  density_map_->RedrawNow();
+  auto* canvas = density_map_->findChild<MapCanvas*>();
+  auto* status = density_map_->findChild<QLabel*>();
+  ASSERT_TRUE(canvas && status);
+  canvas->repaint();  // the painter learns where the map lies when it draws it
+  QString said;
+  QObject::connect(canvas, &MapCanvas::PointerDescribed, [&said](const QString& text) { said = text; });
+  // Scan a row across the upper part of the canvas until the pointer is over the North stratum.
+  for (int x = 5; x < canvas->width() && !said.contains(QStringLiteral("North")); x += 5) {
+    QTest::mouseMove(canvas, QPoint(x, 20));
+  }
+  EXPECT_TRUE(said.contains(QStringLiteral("stratum North"))) << said.toStdString();
+  EXPECT_TRUE(said.contains(QStringLiteral("relative density"))) << said.toStdString();
+  EXPECT_EQ(status->text(), said);
 }
 
 TEST_F(MapPanelsTest, AnEditRedrawsAMomentLaterWithoutWaitingForTheMap) {
