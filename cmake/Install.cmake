@@ -25,7 +25,8 @@ install(TARGETS ${zrsimprp_exported} EXPORT ZrSIMPrpTargets
   INCLUDES DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
 
 # Public headers keep their paths: #include "zrsimprp/control/SIMProperties.h".
-set(header_folders zrsimprp/host zrsimprp/modules zrsimprp/pages zrsimprp/control zrsimprp/lint)
+set(header_folders zrsimprp/host zrsimprp/modules zrsimprp/pages zrsimprp/control zrsimprp/lint
+                   zrsimprp/map)
 if(ZRSIMPRP_HAS_WIDGETS)
   list(APPEND header_folders zrsimprp/qt)
 endif()
@@ -43,7 +44,7 @@ if(ZRSIMPRP_HAS_PROJECTDB)
           COMPONENT development FILES_MATCHING PATTERN "*.h" PATTERN "tools" EXCLUDE)
 endif()
 
-foreach(program zrsim zrsim-editor)
+foreach(program zrsim zrsim-map zrsim-editor)
   if(TARGET ${program})
     install(TARGETS ${program} RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT applications)
   endif()

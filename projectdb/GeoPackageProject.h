@@ -3,10 +3,12 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "projectdb/PolygonFeature.h"
+#include "zrsimprp/host/LayerGeometrySource.h"
 #include "zrsimprp/host/ProjectDatabase.h"
 
 namespace zrsimprp {
@@ -21,7 +23,9 @@ class SqliteStatement;
 // transaction, and reading never writes: a file of an older format is upgraded by its first write.
 // What the control reads (records, layers and their rows) is read once and kept until this project or
 // another program changes the file.
-class GeoPackageProject : public ProjectDatabase, public std::enable_shared_from_this<GeoPackageProject> {
+class GeoPackageProject : public ProjectDatabase,
+                          public LayerGeometrySource,
+                          public std::enable_shared_from_this<GeoPackageProject> {
  public:
   // Guards against damaged or hostile files: a statement that runs longer than this many virtual
   // machine steps is interrupted and reported.
@@ -136,6 +140,9 @@ class GeoPackageProject : public ProjectDatabase, public std::enable_shared_from
   std::vector<std::shared_ptr<RecordGroup<SurveyRecord>>> SurveyGroups() override;
   std::vector<std::shared_ptr<DataFilter>> DataFilters() override;
   std::vector<std::shared_ptr<ModelDefinition>> ModelDefinitions() override;
+
+  // LayerGeometrySource (GeoPackageProjectGeometry.cpp): the layer's polygons from its geometry blobs.
+  std::optional<LayerShapes> LayerGeometry(const std::string& layer_name) override;
 
   // The open file, for the objects this project hands out.
   SqliteConnection& Connection() { return *connection_; }

@@ -2,13 +2,16 @@
 
 #include <memory>
 
+#include "zrsimprp/host/LayerGeometrySource.h"
 #include "zrsimprp/host/ProjectDatabase.h"
 
 namespace zrsim_editor {
 
 // The project as the editor hands it to the control: the project itself, except that its settings
 // are routed (see SettingsRouter). Everything else is passed through unchanged.
-class RoutedProject : public zrsimprp::ProjectDatabase {
+// It passes the project's layer geometry through as well, so that the pages' maps see what the
+// project can draw.
+class RoutedProject : public zrsimprp::ProjectDatabase, public zrsimprp::LayerGeometrySource {
  public:
   RoutedProject(std::shared_ptr<zrsimprp::ProjectDatabase> project,
                 std::shared_ptr<zrsimprp::ProjectSettings> settings);
@@ -28,6 +31,8 @@ class RoutedProject : public zrsimprp::ProjectDatabase {
   std::vector<std::shared_ptr<zrsimprp::ModelDefinition>> ModelDefinitions() override {
     return project_->ModelDefinitions();
   }
+  // No value when the project offers no geometry, exactly as for a layer it does not know.
+  std::optional<zrsimprp::LayerShapes> LayerGeometry(const std::string& layer_name) override;
 
  private:
   std::shared_ptr<zrsimprp::ProjectDatabase> project_;

@@ -6,6 +6,7 @@
 #include "zrsim/ArgumentParser.h"
 #include "zrsim/ExitStatus.h"
 #include "zrsim/InputFiles.h"
+#include "zrsim/MapLauncher.h"
 #include "zrsim/ProjectTool.h"
 #include "zrsim/SimulationCommands.h"
 #include "zrsim/UsageError.h"
@@ -25,6 +26,7 @@ std::string CommandLine::Usage() {
          "  check      validate every page of a simulation (or of all, --all) and report findings\n"
          "  normalize  print the definition the control writes back\n"
          "  show       print a readable summary of every page's values\n"
+         "  map        draw a simulation's strata and density surface into a PNG file\n"
          "  project    create the sample project, list a project, add layers, designs, surveys,\n"
          "             data filters, model definitions and simulations\n"
          "\n"
@@ -63,6 +65,7 @@ int CommandLine::Dispatch(const std::vector<std::string>& words) {
     out_ << "zrsim " << zrsimprp::kVersion << "\n";
     return kSuccess;
   }
+  if (command == "map") return MapLauncher(err_).Run(rest);
   InputFiles files(in_);
   if (command == "project") return ProjectTool(out_, files).Run(rest);
   if (command != "check" && command != "normalize" && command != "show") {

@@ -180,6 +180,8 @@ class MemoryLayer : public Layer {
         rows.push_back(data_.ids);
       } else if (!data_.label_field.empty() && TextEquals(field, data_.label_field)) {
         rows.push_back(data_.labels);
+      } else if (const std::vector<Variant>* values = database_->LayerFieldValues(data_.name, field)) {
+        rows.push_back(*values);
       } else {
         throw RuntimeError(error_number::kInvalidProcedureCall, "Layer",
                            "The layer '" + data_.name + "' has no field '" + field + "'");
@@ -344,6 +346,39 @@ void MemoryProjectDatabase::Touch(const std::string& operation, const std::strin
 const MemoryProjectDatabase::LayerData* MemoryProjectDatabase::FindLayer(const std::string& name) const {
   const auto it = state_->layers.find(ToLowerAscii(name));
   return it == state_->layers.end() ? nullptr : &it->second->data;
+}
+
+void MemoryProjectDatabase::SetLayerShapes(const std::string& layer, std::vector<std::vector<MapPolygon>> shapes,
+                                           CoordinateReference reference) {
+  shapes_[ToLowerAscii(layer)] = {std::move(shapes), std::move(reference)};
+}
+
+void MemoryProjectDatabase::AddLayerField(const std::string& layer, const std::string& field,
+                                          std::vector<Variant> values) {
+  fields_[{ToLowerAscii(layer), ToLowerAscii(field)}] = std::move(values);
+}
+
+const std::vector<Variant>* MemoryProjectDatabase::LayerFieldValues(const std::string& layer,
+                                                                    const std::string& field) const {
+  const auto it = fields_.find({ToLowerAscii(layer), ToLowerAscii(field)});
+  return it == fields_.end() ? nullptr : &it->second;
+}
+
+std::optional<LayerShapes> MemoryProjectDatabase::LayerGeometry(const std::string& layer_name) {
+  Touch("LayerGeometry", "LayerGeometrySource");
+  const LayerData* layer = FindLayer(layer_name);
+  const auto given = shapes_.find(ToLowerAscii(layer_name));
+  if (layer == nullptr || given == shapes_.end() || given->second.shapes.empty()) return std::nullopt;
+  LayerShapes shapes;
+  shapes.reference = given->second.reference;
+  for (size_t i = 0; i < given->second.shapes.size(); ++i) {
+    StratumGeometry stratum;
+    if (i < layer->ids.size()) stratum.id = VariantToText(layer->ids[i]);
+    if (i < layer->labels.size()) stratum.label = VariantToText(layer->labels[i]);
+    stratum.polygons = given->second.shapes[i];
+    shapes.strata.push_back(std::move(stratum));
+  }
+  return shapes;
 }
 
 std::shared_ptr<ProjectSettings> MemoryProjectDatabase::Settings() {

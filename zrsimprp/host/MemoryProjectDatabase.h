@@ -8,6 +8,7 @@
 #include <tuple>
 #include <vector>
 
+#include "zrsimprp/host/LayerGeometrySource.h"
 #include "zrsimprp/host/ProjectDatabase.h"
 
 namespace zrsimprp {
@@ -15,6 +16,7 @@ namespace zrsimprp {
 // An in-memory project for embedders' tests, filled with builder calls. Any operation can be made to
 // fail with FailOn(name), for testing error paths; calls are counted by name.
 class MemoryProjectDatabase : public ProjectDatabase,
+                              public LayerGeometrySource,
                               public std::enable_shared_from_this<MemoryProjectDatabase> {
  public:
   struct LayerData {
@@ -45,6 +47,14 @@ class MemoryProjectDatabase : public ProjectDatabase,
                           const std::string& definition_text);
   void SetDefaultDefinition(const std::string& engine, const Variant& definition);
   void SetSetting(const std::string& section, const std::string& key, const Variant& value);
+  // The map geometry of a layer, one entry per record (its polygons), for LayerGeometry. A layer given
+  // none has no geometry.
+  void SetLayerShapes(const std::string& layer, std::vector<std::vector<MapPolygon>> shapes,
+                      CoordinateReference reference = {});
+  // A further field GetRows can read (a DSM value, say): one value per record.
+  void AddLayerField(const std::string& layer, const std::string& field, std::vector<Variant> values);
+  // The values of a field added with AddLayerField, or nullptr.
+  const std::vector<Variant>* LayerFieldValues(const std::string& layer, const std::string& field) const;
 
   // Observation and failure injection.
   void FailOn(const std::string& operation) { failing_.insert(operation); }
@@ -62,6 +72,10 @@ class MemoryProjectDatabase : public ProjectDatabase,
   std::vector<std::shared_ptr<DataFilter>> DataFilters() override;
   std::vector<std::shared_ptr<ModelDefinition>> ModelDefinitions() override;
 
+  // LayerGeometrySource: the shapes given with the layer; no value for an unknown layer or one
+  // added without shapes.
+  std::optional<LayerShapes> LayerGeometry(const std::string& layer_name) override;
+
   // Used by the objects this database hands out.
   void Touch(const std::string& operation, const std::string& source);
   const LayerData* FindLayer(const std::string& name) const;
@@ -69,7 +83,14 @@ class MemoryProjectDatabase : public ProjectDatabase,
   struct State;  // defined in the .cpp; public so that the objects handed out can share it
 
  private:
+  struct LayerShapesData {
+    std::vector<std::vector<MapPolygon>> shapes;
+    CoordinateReference reference;
+  };
+
   std::shared_ptr<State> state_;
+  std::map<std::string, LayerShapesData> shapes_;  // by lower-case layer name
+  std::map<std::pair<std::string, std::string>, std::vector<Variant>> fields_;  // lower-case layer, field
   std::set<std::string> failing_;
   std::map<std::string, int> calls_;
 };

@@ -8,12 +8,14 @@
 #include <QRadioButton>
 
 #include "zrsimprp/qt/AccessibleText.h"
+#include "zrsimprp/qt/DensityMapPanel.h"
 #include "zrsimprp/qt/GridView.h"
+#include "zrsimprp/qt/MapBeside.h"
 #include "zrsimprp/qt/SectionHeader.h"
 
 namespace zrsimprp {
 
-CPagDensityView::CPagDensityView(CPagDensity& page, QWidget* parent) : PageView(page, parent) {
+CPagDensityView::CPagDensityView(CPagDensity& page, QWidget* parent) : PageView(page, parent), page_(page) {
   Body()->addWidget(MakeHeader(page.lalDensity, this));
   const auto options = MakeOptions(page.optDensity, this);
   const auto option_name = [&page](int index) {
@@ -51,6 +53,12 @@ CPagDensityView::CPagDensityView(CPagDensity& page, QWidget* parent) : PageView(
                                           page.cmdSubHotspot, QStringLiteral("Remove hotspot"), this);
   Body()->addLayout(FillRow({hotspots, buttons}, kIndent));
   Finish();
+}
+
+DensityMapPanel* CPagDensityView::ShowMap(CPagSimulation& simulation) {
+  auto* map = new DensityMapPanel(page_, simulation, this);
+  MapBeside::Place(Body(), map);
+  return map;
 }
 
 }  // namespace zrsimprp

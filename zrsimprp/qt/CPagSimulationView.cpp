@@ -7,11 +7,14 @@
 
 #include "zrsimprp/qt/AccessibleText.h"
 #include "zrsimprp/qt/GapLabelBinder.h"
+#include "zrsimprp/qt/MapBeside.h"
 #include "zrsimprp/qt/SectionHeader.h"
+#include "zrsimprp/qt/StrataMapPanel.h"
 
 namespace zrsimprp {
 
-CPagSimulationView::CPagSimulationView(CPagSimulation& page, QWidget* parent) : PageView(page, parent) {
+CPagSimulationView::CPagSimulationView(CPagSimulation& page, QWidget* parent)
+    : PageView(page, parent), page_(page) {
   Body()->addWidget(MakeHeader(page.lalSurveyDesign, this));
   const auto design = MakeOptions(page.optDesign, this);
   // Each list sits indented under its option button, which names it.
@@ -40,6 +43,12 @@ CPagSimulationView::CPagSimulationView(CPagSimulation& page, QWidget* parent) : 
   before->setBuddy(reps);
   Body()->addLayout(Row({before, reps, after}));
   Finish();
+}
+
+StrataMapPanel* CPagSimulationView::ShowMap() {
+  auto* map = new StrataMapPanel(page_, this);
+  MapBeside::Place(Body(), map, Qt::AlignTop);
+  return map;
 }
 
 }  // namespace zrsimprp

@@ -5,12 +5,20 @@
 
 namespace zrsimprp {
 
+class StrataMapPanel;
+
 // The "&Simulation" tab: survey or design, the region/strata layer and the repetitions.
 class CPagSimulationView : public PageView {
   Q_OBJECT
 
  public:
   CPagSimulationView(CPagSimulation& page, QWidget* parent = nullptr);
+
+  // Puts a small map of the chosen region layer's strata beside the controls.
+  StrataMapPanel* ShowMap();
+
+ private:
+  CPagSimulation& page_;
 };
 
 }  // namespace zrsimprp

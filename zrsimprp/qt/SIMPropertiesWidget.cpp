@@ -140,6 +140,9 @@ void SIMPropertiesWidget::BuildPages() {
   detectability_view_ = new CPagDetectabilityView(control.pagDetectability);
   analyses_view_ = new CPagAnalysesView(control.pagAnalyses);
   misc_view_ = new CPagMiscView(control.pagMisc);
+  // The maps beside the Simulation and Density pages.
+  simulation_view_->ShowMap();
+  density_view_->ShowMap(control.pagSimulation);
   for (QWidget* page : std::initializer_list<QWidget*>{simulation_view_, density_view_, population_view_,
                                                        detectability_view_, analyses_view_, misc_view_}) {
     pages_->addWidget(Scrolling(page, pages_));
