@@ -5,11 +5,11 @@
 namespace zrsim {
 
 SessionProject::SessionProject(std::shared_ptr<zrsimprp::ProjectDatabase> project)
-    : project_(std::move(project)) {}
+    : ForwardingProjectDatabase(std::move(project)) {}
 
 std::shared_ptr<zrsimprp::ProjectSettings> SessionProject::Settings() {
   // Fetched once: later writes must be seen by later reads of the same session.
-  if (!settings_) settings_ = std::make_shared<SessionSettings>(project_->Settings());
+  if (!settings_) settings_ = std::make_shared<SessionSettings>(Wrapped().Settings());
   return settings_;
 }
 
