@@ -6,7 +6,7 @@
 #include <iostream>
 #include <memory>
 
-#include "zrsim-editor/DarkPalette.h"
+#include "zrsimprp/qt/DarkPalette.h"
 #include "zrsim-editor/EditorArguments.h"
 #include "zrsim-editor/EditorDocument.h"
 #include "zrsim-editor/EditorError.h"
@@ -71,7 +71,7 @@ int EditorApplication::Main(int& argc, char** argv, const std::vector<std::strin
   QApplication application(argc, argv);
   QApplication::setOrganizationName("ZrSIMPrp");
   QApplication::setApplicationName("zrsim-editor");
-  if (options.dark) DarkPalette::Apply();
+  if (options.dark) zrsimprp::DarkPalette::Apply();
   try {
     return Run(options);
   } catch (const EditorError& error) {

@@ -16,7 +16,7 @@
 #include <QTextBrowser>
 
 #include "EditorFixture.h"
-#include "zrsim-editor/DarkPalette.h"
+#include "zrsimprp/qt/DarkPalette.h"
 #include "zrsim-editor/HelpBrowser.h"
 #include "zrsimprp/control/SIMProperties.h"
 #include "zrsimprp/qt/GridCellColors.h"
@@ -441,7 +441,7 @@ TEST_F(EditorViewTest, GridCellKindsAreToldApartInTheLightAndTheDarkPalette) {
   Properties().RefreshNow();
   const QPalette original = QApplication::palette();
   ExpectKindsToldApart(Properties(), "light");
-  QApplication::setPalette(zrsim_editor::DarkPalette::Make());
+  QApplication::setPalette(zrsimprp::DarkPalette::Make());
   ExpectKindsToldApart(Properties(), "dark");
   QApplication::setPalette(original);
 }

@@ -9,8 +9,8 @@
 
 #include "projectdb/GeoPackageProject.h"
 #include "tests/mapview/MapViewFixture.h"
-#include "zrsim/SessionProject.h"
 #include "zrsimprp/control/SIMProperties.h"
+#include "zrsimprp/qt/DarkPalette.h"
 #include "zrsimprp/qt/DensityMapPanel.h"
 #include "zrsimprp/qt/MapCanvas.h"
 #include "zrsimprp/qt/SIMPropertiesWidget.h"
@@ -148,10 +148,31 @@ TEST_F(MapPanelsTest, UnusableValueIsASentenceOnTheMapNotAMessageBox) {
   EXPECT_FALSE(AnyMessageBox());
 }
 
+// A host that offers the project interfaces but not the geometry one.
+class ProjectWithoutGeometry : public ProjectDatabase {
+ public:
+  explicit ProjectWithoutGeometry(std::shared_ptr<ProjectDatabase> project) : project_(std::move(project)) {}
+  std::shared_ptr<ProjectSettings> Settings() override { return project_->Settings(); }
+  std::shared_ptr<LayerCatalogue> Companion() override { return project_->Companion(); }
+  std::shared_ptr<zrsimprp::EngineDefaults> EngineDefaults() override { return project_->EngineDefaults(); }
+  std::vector<std::shared_ptr<RecordGroup<DesignRecord>>> DesignGroups() override {
+    return project_->DesignGroups();
+  }
+  std::vector<std::shared_ptr<RecordGroup<SurveyRecord>>> SurveyGroups() override {
+    return project_->SurveyGroups();
+  }
+  std::vector<std::shared_ptr<DataFilter>> DataFilters() override { return project_->DataFilters(); }
+  std::vector<std::shared_ptr<ModelDefinition>> ModelDefinitions() override {
+    return project_->ModelDefinitions();
+  }
+
+ private:
+  std::shared_ptr<ProjectDatabase> project_;
+};
+
 TEST_F(MapPanelsTest, HostWithoutGeometryGetsThePagesAndAnEmptyMap) {
   auto project = GeoPackageProject::Open(Sample());
-  // The command line's project wrapper offers the host interfaces but not the geometry.
-  Open(std::make_shared<zrsim::SessionProject>(project), project->SimulationDefinition("Sample simulation"));
+  Open(std::make_shared<ProjectWithoutGeometry>(project), project->SimulationDefinition("Sample simulation"));
   density_map_->RedrawNow();
   strata_map_->RedrawNow();
   EXPECT_EQ(Density().Densities(), "2.5,1.5,3");
@@ -178,19 +199,7 @@ TEST_F(MapPanelsTest, ScreenshotsOfBothPagesLightAndDark) {
   std::filesystem::create_directories(folder);
   const QPalette light = QApplication::palette();
   QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
-  QPalette dark;
-  dark.setColor(QPalette::Window, QColor(0x2b, 0x2b, 0x2b));
-  dark.setColor(QPalette::WindowText, QColor(0xe6, 0xe6, 0xe6));
-  dark.setColor(QPalette::Base, QColor(0x1e, 0x1e, 0x1e));
-  dark.setColor(QPalette::AlternateBase, QColor(0x32, 0x32, 0x32));
-  dark.setColor(QPalette::Text, QColor(0xe6, 0xe6, 0xe6));
-  dark.setColor(QPalette::Button, QColor(0x3a, 0x3a, 0x3a));
-  dark.setColor(QPalette::ButtonText, QColor(0xe6, 0xe6, 0xe6));
-  dark.setColor(QPalette::Mid, QColor(0x55, 0x55, 0x55));
-  dark.setColor(QPalette::Highlight, QColor(0x2a, 0x82, 0xda));
-  dark.setColor(QPalette::Disabled, QPalette::Text, QColor(0x80, 0x80, 0x80));
-  dark.setColor(QPalette::Disabled, QPalette::WindowText, QColor(0x80, 0x80, 0x80));
-  dark.setColor(QPalette::Disabled, QPalette::ButtonText, QColor(0x80, 0x80, 0x80));
+  const QPalette dark = DarkPalette::Make();
   for (const auto& [name, palette] : {std::pair<const char*, QPalette>{"light", light}, {"dark", dark}}) {
     QApplication::setPalette(palette);
     OpenSample();

@@ -1,9 +1,9 @@
-#include "zrsim-editor/DarkPalette.h"
+#include "zrsimprp/qt/DarkPalette.h"
 
 #include <QApplication>
 #include <QStyleFactory>
 
-namespace zrsim_editor {
+namespace zrsimprp {
 
 QPalette DarkPalette::Make() {
   QPalette palette;
@@ -45,4 +45,4 @@ void DarkPalette::Apply() {
   QApplication::setPalette(Make());
 }
 
-}  // namespace zrsim_editor
+}  // namespace zrsimprp

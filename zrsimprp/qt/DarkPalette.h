@@ -2,9 +2,9 @@
 
 #include <QPalette>
 
-namespace zrsim_editor {
+namespace zrsimprp {
 
-// The dark palette the editor shows with the Fusion style (--dark): light text on dark fields and
+// A dark palette for the Fusion style (the editor's --dark): light text on dark fields and
 // buttons, with disabled texts dimmed.
 class DarkPalette {
  public:
@@ -13,4 +13,4 @@ class DarkPalette {
   static void Apply();
 };
 
-}  // namespace zrsim_editor
+}  // namespace zrsimprp
