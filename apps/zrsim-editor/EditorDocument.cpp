@@ -75,7 +75,8 @@ bool EditorDocument::ChangedElsewhere() const {
   }
 }
 
-EditorDocument::SaveOutcome EditorDocument::Save(const std::string& definition) {
+EditorDocument::SaveOutcome EditorDocument::Save(const std::string& definition,
+                                                 bool overwrite_changes_elsewhere) {
   SaveOutcome outcome;
   if (IsBlank(definition)) {
     outcome.message = kNotWrittenMessage;
@@ -86,7 +87,13 @@ EditorDocument::SaveOutcome EditorDocument::Save(const std::string& definition) 
     return outcome;
   }
   try {
-    project_->SaveSimulationDefinition(simulation_, definition);
+    if (overwrite_changes_elsewhere) {
+      project_->SaveSimulationDefinition(simulation_, definition);
+    } else if (project_->SaveSimulationDefinitionIfUnchanged(simulation_, saved_definition_, definition) ==
+               zrsimprp::GeoPackageProject::SaveOutcome::kChangedSinceLoaded) {
+      outcome.message = kChangedElsewhereMessage;
+      return outcome;
+    }
   } catch (const std::exception& error) {
     outcome.message =
         "The simulation could not be saved: " + Describe(error) + " The definition saved before is kept.";

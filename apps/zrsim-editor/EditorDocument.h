@@ -36,8 +36,10 @@ class EditorDocument {
 
   // Saves the definition the control gave back, in one transaction of the project file. An empty
   // (or blank) text means the control could not write the definition: nothing is saved, the saved
-  // definition stays as it was, and the outcome says so.
-  SaveOutcome Save(const std::string& definition);
+  // definition stays as it was, and the outcome says so. Unless `overwrite_changes_elsewhere`, the
+  // save also refuses, in the same transaction, a stored definition that another window or program
+  // changed since this document loaded or last saved it.
+  SaveOutcome Save(const std::string& definition, bool overwrite_changes_elsewhere = false);
   // Copies the project file to `path` (a new file, or one the person chose to replace) and saves the
   // definition into the copy, which becomes the document's project. The original is not touched.
   SaveOutcome SaveAs(const std::string& path, const std::string& definition);
@@ -48,6 +50,9 @@ class EditorDocument {
   static constexpr const char* kNotWrittenMessage =
       "The simulation's options could not be written into a definition, so nothing was saved. "
       "The definition saved before is kept.";
+  static constexpr const char* kChangedElsewhereMessage =
+      "Someone else saved this simulation just now, so nothing was saved and your changes are kept. "
+      "Save again to choose whether to overwrite their version.";
   static constexpr const char* kReadOnlyMessage =
       "This project file may not be changed (it is read-only), so nothing was saved. Use Save As to keep "
       "your changes in a new project file.";

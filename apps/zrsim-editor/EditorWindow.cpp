@@ -195,11 +195,13 @@ bool EditorWindow::Apply() {
   // The control shows the page's own message when the shown page is not valid.
   if (!properties_->IsValid()) return false;
   const std::string text = properties_->Definition();
-  if (!text.empty() && document_.ChangedElsewhere() &&
-      Ask(kChangedElsewhereQuestion, {Choice::kOverwrite, Choice::kGoBack}) != Choice::kOverwrite) {
-    return false;
+  // Asked before saving; a save by someone else after the answer is still caught by the save itself.
+  bool overwrite = false;
+  if (!text.empty() && document_.ChangedElsewhere()) {
+    if (Ask(kChangedElsewhereQuestion, {Choice::kOverwrite, Choice::kGoBack}) != Choice::kOverwrite) return false;
+    overwrite = true;
   }
-  EditorDocument::SaveOutcome outcome = document_.Save(text);
+  EditorDocument::SaveOutcome outcome = document_.Save(text, overwrite);
   if (!outcome.saved) {
     Tell(outcome.message);
     return false;

@@ -60,6 +60,24 @@ TEST_F(EditorDocumentTest, SavesANonEmptyDefinition) {
   EXPECT_EQ(document->SavedDefinition(), "Engine=SIM;Reps=9;");
 }
 
+// Someone saves between this document's load and its save: the save refuses in its own transaction,
+// keeps their text and says so; only a save told to overwrite replaces it.
+TEST_F(EditorDocumentTest, ASaveByAnotherWindowSinceLoadingIsNotOverwrittenUnlessAsked) {
+  auto mine = EditorDocument::Open(Sample(), "");
+  auto theirs = EditorDocument::Open(Sample(), "");
+  ASSERT_TRUE(theirs->Save("Engine=SIM;Reps=7;").saved);
+  const auto refused = mine->Save("Engine=SIM;Reps=9;");
+  EXPECT_FALSE(refused.saved);
+  EXPECT_EQ(refused.message,
+            "Someone else saved this simulation just now, so nothing was saved and your changes are kept. "
+            "Save again to choose whether to overwrite their version.");
+  EXPECT_EQ(StoredDefinition(), "Engine=SIM;Reps=7;");
+  EXPECT_TRUE(mine->ChangedElsewhere());
+  ASSERT_TRUE(mine->Save("Engine=SIM;Reps=9;", true).saved);
+  EXPECT_EQ(StoredDefinition(), "Engine=SIM;Reps=9;");
+  EXPECT_FALSE(mine->ChangedElsewhere());
+}
+
 TEST_F(EditorDocumentTest, NeverSavesAnEmptyDefinition) {
   const std::string before = StoredDefinition();
   auto document = EditorDocument::Open(Sample(), "");
