@@ -15,6 +15,8 @@
 #include "zrsim-editor/PersonalSettings.h"
 #include "zrsim-editor/WarningsBar.h"
 #include "zrsimprp/host/RuntimeError.h"
+#include "zrsimprp/lint/PageCheckCause.h"
+#include "zrsimprp/modules/CModErrorHandling.h"
 
 namespace zrsim_editor {
 
@@ -146,12 +148,40 @@ std::string EditorWindow::QuietDefinition() {
   return text;
 }
 
-void EditorWindow::BeforeTabSwitch() { clean_before_switch_ = !IsModified(); }
+void EditorWindow::BeforeTabSwitch() {
+  clean_before_switch_ = !IsModified();
+  page_being_left_ = ShownPageName();
+  zrsimprp::CModErrorHandling::TakeLastCheckError();  // an earlier check's, already shown
+}
 
 void EditorWindow::AfterTabSwitch() {
+  ShowPageCheckCause(page_being_left_);
   if (!clean_before_switch_) return;
   clean_before_switch_ = false;
   RememberSaved();
+}
+
+std::string EditorWindow::ShownPageName() const {
+  // The names `zrsim check` gives the pages, so that the editor's line reads as its report does.
+  static const char* const kOuterPages[] = {"Simulation", "Density", "Population", "Detectability", "Analysis",
+                                           "Misc"};
+  const int outer = properties_->CurrentOuterTab();
+  if (outer == 2) return properties_->CurrentInnerTab() == 2 ? "Covariates" : "General";
+  return outer >= 0 && outer < 6 ? kOuterPages[outer] : "shown";
+}
+
+void EditorWindow::ShowPageCheckCause(const std::string& page) {
+  const std::optional<zrsimprp::RuntimeError> error = zrsimprp::CModErrorHandling::TakeLastCheckError();
+  warnings_->ShowPageCheckCause(error ? std::optional(zrsimprp::PageCheckCause::Explain(page, *error))
+                                      : std::nullopt);
+}
+
+bool EditorWindow::ShownPageIsValid() {
+  zrsimprp::CModErrorHandling::TakeLastCheckError();
+  const std::string page = ShownPageName();
+  const bool valid = properties_->IsValid();
+  ShowPageCheckCause(page);
+  return valid;
 }
 
 void EditorWindow::RememberSaved() {
@@ -193,7 +223,7 @@ bool EditorWindow::Apply() {
     return true;
   }
   // The control shows the page's own message when the shown page is not valid.
-  if (!properties_->IsValid()) return false;
+  if (!ShownPageIsValid()) return false;
   const std::string text = properties_->Definition();
   // Asked before saving; a save by someone else after the answer is still caught by the save itself.
   bool overwrite = false;
@@ -212,7 +242,7 @@ bool EditorWindow::Apply() {
 }
 
 bool EditorWindow::SaveAs() {
-  if (!properties_->IsValid()) return false;
+  if (!ShownPageIsValid()) return false;
   const std::string text = properties_->Definition();
   if (text.empty()) {
     Tell(EditorDocument::kNotWrittenMessage);

@@ -102,6 +102,13 @@ class EditorWindow : public QDialog {
   void ShowWarnings();
   // The definition as the control writes it now, with no message shown if writing fails ("").
   std::string QuietDefinition();
+  // The page `zrsim check` would name for the shown tab ("Density", "General", ...).
+  std::string ShownPageName() const;
+  // Shows, under the tabs, the error that interrupted `page`'s checks (if any did) in words, beside
+  // the page's own generic message; clears it once the page's checks run through.
+  void ShowPageCheckCause(const std::string& page);
+  // The shown page's verdict, as IsValid gives it, with its cause shown as above.
+  bool ShownPageIsValid();
   void BeforeTabSwitch();
   void AfterTabSwitch();
   void SaveGeometry();
@@ -125,6 +132,7 @@ class EditorWindow : public QDialog {
   // switch made while there were no edits).
   std::string saved_text_;
   bool modified_ = false;
+  std::string page_being_left_;
   // Whether there were no edits when a person began to move a tab: then whatever entering the page
   // rebuilds is the control's own doing, not an edit.
   bool clean_before_switch_ = false;

@@ -41,6 +41,18 @@ void WarningsBar::ShowFindingsFor(std::shared_ptr<zrsimprp::ProjectDatabase> pro
 }
 
 void WarningsBar::ShowFindings(const std::vector<zrsimprp::Finding>& findings) {
+  findings_ = findings;
+  Render();
+}
+
+void WarningsBar::ShowPageCheckCause(std::optional<zrsimprp::Finding> cause) {
+  cause_ = std::move(cause);
+  Render();
+}
+
+void WarningsBar::Render() {
+  std::vector<zrsimprp::Finding> findings = findings_;
+  if (cause_) findings.push_back(*cause_);
   count_ = static_cast<int>(findings.size());
   if (findings.empty()) {
     summary_->clear();

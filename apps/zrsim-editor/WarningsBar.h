@@ -2,6 +2,7 @@
 
 #include <QFrame>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -24,6 +25,9 @@ class WarningsBar : public QFrame {
   // Lints `definition` against `project` and shows the findings.
   void ShowFindingsFor(std::shared_ptr<zrsimprp::ProjectDatabase> project, const std::string& definition);
   void ShowFindings(const std::vector<zrsimprp::Finding>& findings);
+  // The error behind a page's generic unexpected-error message, shown after the definition's findings
+  // until the next check of a page (no value clears it).
+  void ShowPageCheckCause(std::optional<zrsimprp::Finding> cause);
 
   // What the bar says (empty when there are no findings), one finding a line.
   QString Text() const;
@@ -33,6 +37,10 @@ class WarningsBar : public QFrame {
   static constexpr int kShownLines = 4;
 
  private:
+  void Render();
+
+  std::vector<zrsimprp::Finding> findings_;
+  std::optional<zrsimprp::Finding> cause_;
   QLabel* summary_ = nullptr;
   QLabel* lines_ = nullptr;
   int count_ = 0;

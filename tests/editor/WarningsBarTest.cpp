@@ -76,3 +76,26 @@ TEST_F(WarningsBarTest, LongListsAreCutWithACount) {
 }
 
 }  // namespace
+
+namespace {
+
+// A page's checks interrupted by an error show only the page's generic message; the line under the
+// tabs says which error it was, as `zrsim check` does.
+TEST_F(WarningsBarTest, ThePageCheckCauseBehindTheGenericMessageIsShownUnderTheTabs) {
+  SaveDefinition("Engine=SIM;");
+  OpenWindow();
+  window_->Properties().ShowOuterTab(1);
+  ASSERT_EQ(window_->Properties().CurrentOuterTab(), 1);
+  window_->Properties().ShowOuterTab(2);
+  ASSERT_FALSE(shown_.empty());
+  EXPECT_EQ(shown_.back().text,
+            "An unexpected error occured while checking the options on this page.   Please check they are "
+            "valid and change any incorrect values");
+  EXPECT_NE(window_->Warnings().Text().toStdString().find(
+                "ZR501 error: The Density page could not finish its checks because it met a value that is "
+                "empty or not a number (\"Type mismatch\", error 13 from ZrSIMPrp)."),
+            std::string::npos)
+      << window_->Warnings().Text().toStdString();
+}
+
+}  // namespace
