@@ -120,40 +120,40 @@ def number(value, digits=None):
     return f"{value:,.{digits}f}"
 
 
-def figure(spec, results):
-    digits = spec.get("digits")
-    prefix = spec.get("prefix", "")
-    unit = spec.get("unit", "")
-    if "ratio" in spec:
-        top, bottom = (results.seconds(name) for name in spec["ratio"])
+def figure(wanted, results):
+    digits = wanted.get("digits")
+    prefix = wanted.get("prefix", "")
+    unit = wanted.get("unit", "")
+    if "ratio" in wanted:
+        top, bottom = (results.seconds(name) for name in wanted["ratio"])
         text = number(top / bottom, 2 if digits is None else digits)
-    elif "growth" in spec:
-        small, large = (results.seconds(name) for name in spec["growth"])
-        n_small, n_large = spec["n"]
+    elif "growth" in wanted:
+        small, large = (results.seconds(name) for name in wanted["growth"])
+        n_small, n_large = wanted["n"]
         text = number(math.log(large / small) / math.log(n_large / n_small), 2 if digits is None else digits)
-    elif "slope" in spec:
-        small, large = (results.seconds(name) for name in spec["slope"])
-        n_small, n_large = spec["n"]
+    elif "slope" in wanted:
+        small, large = (results.seconds(name) for name in wanted["slope"])
+        n_small, n_large = wanted["n"]
         if unit not in TIME_UNITS:
-            raise SystemExit(f"bench-table: a slope needs a time unit: {spec}")
+            raise SystemExit(f"bench-table: a slope needs a time unit: {wanted}")
         text = number((large - small) / (n_large - n_small) / TIME_UNITS[unit], digits)
-    elif "measure" in spec:  # before the units: a measure's unit is only printed
-        text = number(results.measure(spec["measure"]), digits)
-    elif "counter" in spec:
-        run = results.run(spec["benchmark"])
-        if spec["counter"] not in run:
+    elif "measure" in wanted:  # before the units: a measure's unit is only printed
+        text = number(results.measure(wanted["measure"]), digits)
+    elif "counter" in wanted:
+        run = results.run(wanted["benchmark"])
+        if wanted["counter"] not in run:
             raise Missing("not measured")
-        text = number(float(run[spec["counter"]]), digits)
+        text = number(float(run[wanted["counter"]]), digits)
     elif unit in RATE_UNITS:
-        run = results.run(spec["benchmark"])
+        run = results.run(wanted["benchmark"])
         if "bytes_per_second" not in run:
             raise Missing("not measured")
         text = number(run["bytes_per_second"] / RATE_UNITS[unit], digits)
     elif unit in TIME_UNITS:
-        time = results.seconds(spec["benchmark"], spec.get("clock", "cpu")) / spec.get("per", 1)
+        time = results.seconds(wanted["benchmark"], wanted.get("clock", "cpu")) / wanted.get("per", 1)
         text = number(time / TIME_UNITS[unit], digits)
     else:
-        raise SystemExit(f"bench-table: a figure needs a known unit, ratio, growth, measure or counter: {spec}")
+        raise SystemExit(f"bench-table: a figure needs a known unit, ratio, growth, measure or counter: {wanted}")
     return prefix + text + (f" {unit}" if unit else "")
 
 
@@ -162,11 +162,11 @@ def table(rows, results):
     complete = True
     for row in rows:
         texts = []
-        for spec in row["figures"]:
+        for wanted in row["figures"]:
             try:
-                texts.append(figure(spec, results))
+                texts.append(figure(wanted, results))
             except Missing as missing:
-                texts.append(spec.get("prefix", "") + str(missing))
+                texts.append(wanted.get("prefix", "") + str(missing))
                 complete = False
         cell = row.get("separator", " / ").join(texts)
         if row.get("note"):
