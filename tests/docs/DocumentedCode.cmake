@@ -3,20 +3,8 @@
 # extracts them at this moment: an example that no longer compiles or links fails here.
 #   cmake -DBUILD_DIR=... -DWORK_DIR=... -DSOURCE_DIR=... -DGENERATOR=... -DCXX_COMPILER=...
 #         -DPYTHON=... [-DWERROR=ON] [-DSANITIZE=...] -P this
-foreach(required BUILD_DIR WORK_DIR SOURCE_DIR GENERATOR PYTHON)
-  if(NOT ${required})
-    message(FATAL_ERROR "${required} is not set")
-  endif()
-endforeach()
-
-function(run)
-  execute_process(COMMAND ${ARGN} RESULT_VARIABLE result OUTPUT_VARIABLE output ERROR_VARIABLE output)
-  if(NOT result EQUAL 0)
-    string(REPLACE ";" " " command "${ARGN}")
-    message(FATAL_ERROR "Failed (${result}): ${command}\n${output}")
-  endif()
-  set(last_output "${output}" PARENT_SCOPE)
-endfunction()
+include(${CMAKE_CURRENT_LIST_DIR}/../support/ScriptSteps.cmake)
+require_definitions(BUILD_DIR WORK_DIR SOURCE_DIR GENERATOR PYTHON)
 
 set(prefix ${WORK_DIR}/prefix)
 file(REMOVE_RECURSE ${WORK_DIR})

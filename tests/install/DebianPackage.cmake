@@ -3,20 +3,8 @@
 # run and a host builds against it once it is unpacked into a throw-away root (dpkg-deb -x).
 #   cmake -DBUILD_DIR=... -DWORK_DIR=... -DCONSUMER_DIR=... -DGENERATOR=... -DCXX_COMPILER=...
 #         -DVERSION=... -DLIBDIR=lib/<multiarch> -DHAS_WIDGETS=ON|OFF -DHAS_DESIGNER=1|0 -P this
-foreach(required BUILD_DIR WORK_DIR CONSUMER_DIR GENERATOR VERSION LIBDIR)
-  if(NOT ${required})
-    message(FATAL_ERROR "${required} is not set")
-  endif()
-endforeach()
-
-function(run)
-  execute_process(COMMAND ${ARGN} RESULT_VARIABLE result OUTPUT_VARIABLE output ERROR_VARIABLE errors)
-  if(NOT result EQUAL 0)
-    string(REPLACE ";" " " command "${ARGN}")
-    message(FATAL_ERROR "Failed (${result}): ${command}\n${output}${errors}")
-  endif()
-  set(last_output "${output}" PARENT_SCOPE)
-endfunction()
+include(${CMAKE_CURRENT_LIST_DIR}/../support/ScriptSteps.cmake)
+require_definitions(BUILD_DIR WORK_DIR CONSUMER_DIR GENERATOR VERSION LIBDIR)
 
 file(REMOVE_RECURSE ${WORK_DIR})
 run(cpack -G DEB -B ${WORK_DIR}/out --config ${BUILD_DIR}/CPackConfig.cmake)

@@ -1,20 +1,8 @@
 # Installs a build into a scratch prefix, then configures, builds and runs a small host program
 # against the installed package only (the source tree is not on its include path).
 #   cmake -DBUILD_DIR=... -DWORK_DIR=... -DCONSUMER_DIR=... -DGENERATOR=... -DCXX_COMPILER=... -P this
-foreach(required BUILD_DIR WORK_DIR CONSUMER_DIR GENERATOR)
-  if(NOT ${required})
-    message(FATAL_ERROR "${required} is not set")
-  endif()
-endforeach()
-
-function(run)
-  execute_process(COMMAND ${ARGN} RESULT_VARIABLE result OUTPUT_VARIABLE output ERROR_VARIABLE output)
-  if(NOT result EQUAL 0)
-    string(REPLACE ";" " " command "${ARGN}")
-    message(FATAL_ERROR "Failed (${result}): ${command}\n${output}")
-  endif()
-  set(last_output "${output}" PARENT_SCOPE)
-endfunction()
+include(${CMAKE_CURRENT_LIST_DIR}/../support/ScriptSteps.cmake)
+require_definitions(BUILD_DIR WORK_DIR CONSUMER_DIR GENERATOR)
 
 set(prefix ${WORK_DIR}/prefix)
 set(consumer_build ${WORK_DIR}/consumer-build)
