@@ -54,25 +54,6 @@ uint32_t ReadUint32(const std::string& bytes, size_t at, bool little_endian) {
 
 }  // namespace
 
-void GeoPackageGeometry::Envelope::Include(double x, double y) {
-  if (empty) {
-    min_x = max_x = x;
-    min_y = max_y = y;
-    empty = false;
-    return;
-  }
-  min_x = std::min(min_x, x);
-  max_x = std::max(max_x, x);
-  min_y = std::min(min_y, y);
-  max_y = std::max(max_y, y);
-}
-
-void GeoPackageGeometry::Envelope::Include(const Envelope& other) {
-  if (other.empty) return;
-  Include(other.min_x, other.min_y);
-  Include(other.max_x, other.max_y);
-}
-
 std::string GeoPackageGeometry::EncodePolygons(const PolygonFeature& feature, int32_t srs_id, bool as_multi,
                                                Envelope& envelope) {
   envelope = Envelope();

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "projectdb/PolygonFeature.h"
+#include "zrsimprp/map/MapExtent.h"
 
 namespace zrsimprp {
 
@@ -11,15 +12,8 @@ namespace zrsimprp {
 // little-endian WKB.
 class GeoPackageGeometry {
  public:
-  struct Envelope {
-    double min_x = 0;
-    double max_x = 0;
-    double min_y = 0;
-    double max_y = 0;
-    bool empty = true;
-    void Include(double x, double y);
-    void Include(const Envelope& other);
-  };
+  // The extent written into a geometry's header: the same rectangle the map grows from points.
+  using Envelope = MapExtent;
 
   // A Polygon when the feature has one polygon and `as_multi` is false, a MultiPolygon otherwise. Rings
   // are closed. `envelope` receives the feature's extent.

@@ -24,6 +24,11 @@ struct MapExtent {
     min_y = std::min(min_y, y);
     max_y = std::max(max_y, y);
   }
+  void Include(const MapExtent& other) {
+    if (other.empty) return;
+    Include(other.min_x, other.min_y);
+    Include(other.max_x, other.max_y);
+  }
   bool Contains(double x, double y) const {
     return !empty && x >= min_x && x <= max_x && y >= min_y && y <= max_y;
   }
