@@ -16,15 +16,7 @@ foreach(expected include/zrsimprp/control/SIMProperties.h include/zrsimprp/host/
   endif()
 endforeach()
 
-set(configure_args -S ${CONSUMER_DIR} -B ${consumer_build} -G ${GENERATOR} -DCMAKE_PREFIX_PATH=${prefix}
-                   -DCMAKE_BUILD_TYPE=Debug)
-if(CXX_COMPILER)
-  list(APPEND configure_args -DCMAKE_CXX_COMPILER=${CXX_COMPILER})
-endif()
-if(SANITIZE)
-  list(APPEND configure_args "-DCMAKE_CXX_FLAGS=-fsanitize=${SANITIZE}" "-DCMAKE_EXE_LINKER_FLAGS=-fsanitize=${SANITIZE}")
-endif()
-run(${CMAKE_COMMAND} ${configure_args})
+configure_consumer(${consumer_build} ${prefix})
 run(${CMAKE_COMMAND} --build ${consumer_build} -j 2)
 
 run(${consumer_build}/headless_host ${prefix}/share/zrsimprp/sample.gpkg)

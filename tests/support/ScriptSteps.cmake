@@ -19,3 +19,19 @@ function(run)
   endif()
   set(last_output "${output}" PARENT_SCOPE)
 endfunction()
+
+# Configures the consumer project in CONSUMER_DIR into `build_dir` against the ZrSIMPrp package found
+# under `prefix_path`, with the compiler (CXX_COMPILER) and sanitizers (SANITIZE) of the build under
+# test when they were passed.
+function(configure_consumer build_dir prefix_path)
+  set(configure_args -S ${CONSUMER_DIR} -B ${build_dir} -G ${GENERATOR} -DCMAKE_PREFIX_PATH=${prefix_path}
+                     -DCMAKE_BUILD_TYPE=Debug)
+  if(CXX_COMPILER)
+    list(APPEND configure_args -DCMAKE_CXX_COMPILER=${CXX_COMPILER})
+  endif()
+  if(SANITIZE)
+    list(APPEND configure_args "-DCMAKE_CXX_FLAGS=-fsanitize=${SANITIZE}"
+         "-DCMAKE_EXE_LINKER_FLAGS=-fsanitize=${SANITIZE}")
+  endif()
+  run(${CMAKE_COMMAND} ${configure_args})
+endfunction()
