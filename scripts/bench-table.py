@@ -18,6 +18,8 @@ and each FIGURE one of
     {"ratio": [A, B]}                           CPU time of A divided by CPU time of B
     {"growth": [A, B], "n": [NA, NB]}           log(time B / time A) / log(NB / NA): 1 is linear
     {"slope": [A, B], "n": [NA, NB], "unit": U} (time B - time A) / (NB - NA): the cost of one more
+    {"exponent": FAMILY}                        least-squares growth exponent over every size FAMILY/N
+                                                that ran, each size's fastest repetition: 1 is linear
     {"measure": NAME, "unit": "ms"}             a line of measures.tsv
 A measure's unit is printed as it is. A figure may also have "prefix" (printed before it) and "digits" (decimals; by default 3
 significant digits). NAME is a benchmark's full name ("BM_LoadAndWriteDefinition/1000"), or
@@ -35,6 +37,8 @@ import math
 import os
 import statistics
 import sys
+
+from complexity_exponent import exponent, fastest_times
 
 TIME_UNITS = {"ns": 1e-9, "us": 1e-6, "µs": 1e-6, "ms": 1e-3, "s": 1.0}
 RATE_UNITS = {"MB/s": 1e6, "MiB/s": 1024.0 * 1024.0, "GB/s": 1e9}
@@ -97,6 +101,19 @@ class Results:
     def seconds(self, name, clock="cpu"):
         return seconds(self.run(name), clock)
 
+    def exponent(self, family):
+        """The fitted growth exponent of FAMILY/N over the sizes N that ran ("PROGRAM:FAMILY" too)."""
+        program, _, family = family.rpartition(":")
+        runs = [run for key, found in self.runs.items()
+                if key.partition(":")[0] == program or not program for run in found]
+        if any(run.get("error_occurred") for run in runs
+               if run.get("run_name", run["name"]).partition("/")[0] == family):
+            raise Missing("failed")
+        slope = exponent(fastest_times(runs).get(family, {}))
+        if slope is None:
+            raise Missing("not measured")
+        return slope
+
     def measure(self, name):
         value = self.measures.get(name)
         if value is None or value in ("", "-"):
@@ -131,6 +148,8 @@ def figure(wanted, results):
         small, large = (results.seconds(name) for name in wanted["growth"])
         n_small, n_large = wanted["n"]
         text = number(math.log(large / small) / math.log(n_large / n_small), 2 if digits is None else digits)
+    elif "exponent" in wanted:
+        text = number(results.exponent(wanted["exponent"]), 2 if digits is None else digits)
     elif "slope" in wanted:
         small, large = (results.seconds(name) for name in wanted["slope"])
         n_small, n_large = wanted["n"]

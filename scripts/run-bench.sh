@@ -1,10 +1,12 @@
 #!/usr/bin/env bash
 # Runs every benchmark program of a build to the end, then measures the editor's start-up
-# (scripts/bench-editor.sh), and prints the README's speed table from this one run
+# (scripts/bench-editor.sh), prints the growth exponent of every size sweep
+# (scripts/complexity_exponent.py) and the README's speed table from this one run
 # (scripts/bench-table.py with the rows of bench/readme-table.json). The run's JSON files stay in
 # BUILD_DIR/bench-results.
 #   usage: scripts/run-bench.sh BUILD_DIR
-# Fails when a program fails or the table misses a figure.
+# Fails when a program fails, a sweep grows faster than linearly (exponent above 1.05) or the table
+# misses a figure.
 set -euo pipefail
 build=${1:?usage: scripts/run-bench.sh BUILD_DIR}
 here=$(cd "$(dirname "$0")" && pwd)
@@ -36,6 +38,13 @@ if [ -x "$build/apps/zrsim-editor/zrsim-editor" ]; then
   fi
 else
   echo "not measured: the build has no editor (it needs Qt 6 Widgets)"
+fi
+echo
+
+echo "== Growth of every size sweep (1 is linear; at most 1.05)"
+if ! python3 "$here/complexity_exponent.py" "$results"/bench_*.json; then
+  failed+=("complexity_exponent.py: a sweep grows faster than linearly")
+  status=1
 fi
 echo
 

@@ -1,6 +1,8 @@
 # The two documentation tools on fixed input:
 #   scripts/bench-table.py turns fixed benchmark results into exactly the expected table, and fails
 #   (saying where) when a row's benchmark did not run or failed;
+#   scripts/complexity_exponent.py fits each sweep's exponent to its sizes' fastest runs and fails
+#   above its limit;
 #   scripts/doc-snippets.py wraps a fragment in a function, skips a marked block, leaves other
 #   languages alone and makes one project per CMake block.
 #   cmake -DPYTHON=... -DSOURCE_DIR=... -DWORK_DIR=... -P this
@@ -35,6 +37,22 @@ endif()
 expect_contains("${table}" "| never run | not measured |" "The incomplete table")
 expect_contains("${table}" "| failed | failed |" "The incomplete table")
 expect_contains("${table}" "| no such measure | not measured |" "The incomplete table")
+
+file(GLOB reports ${fixtures}/bench-table/results/*.json)
+execute_process(COMMAND ${PYTHON} ${SOURCE_DIR}/scripts/complexity_exponent.py ${reports}
+                RESULT_VARIABLE result OUTPUT_VARIABLE exponents ERROR_VARIABLE errors)
+if(NOT result EQUAL 1)
+  message(FATAL_ERROR "complexity_exponent.py (status ${result}) passed a quadratic sweep:\n${exponents}${errors}")
+endif()
+expect_contains("${exponents}" "BM_Sweep                                     1,000 to 4,000  exponent 1.000\n"
+                "The exponents")
+expect_contains("${exponents}" "BM_Square                                    1,000 to 2,000  exponent 2.000  ABOVE 1.05\n"
+                "The exponents")
+execute_process(COMMAND ${PYTHON} ${SOURCE_DIR}/scripts/complexity_exponent.py --limit 2.5 ${reports}
+                RESULT_VARIABLE result OUTPUT_VARIABLE exponents ERROR_VARIABLE errors)
+if(NOT result EQUAL 0)
+  message(FATAL_ERROR "complexity_exponent.py --limit 2.5 (status ${result}) failed:\n${exponents}${errors}")
+endif()
 
 file(REMOVE_RECURSE ${WORK_DIR})
 execute_process(COMMAND ${PYTHON} ${SOURCE_DIR}/scripts/doc-snippets.py ${WORK_DIR} tests/docs/snippets/example.md

@@ -109,6 +109,52 @@ TEST(MemoryProjectDatabase, ServesLayersRowsAndParents) {
   EXPECT_EQ(db->Calls("GetRows"), 1);
 }
 
+// A layer of `count` features numbered from 101, for the lookups below.
+std::shared_ptr<Layer> NumberedLayer(MemoryProjectDatabase& db, int32_t count) {
+  MemoryProjectDatabase::LayerData layer;
+  layer.name = "Cells";
+  layer.kind = 1;
+  for (int32_t id = 101; id < 101 + count; ++id) layer.ids.emplace_back(id);
+  db.AddLayer(layer);
+  return db.Companion()->LayerByName("Cells");
+}
+
+TEST(MemoryProjectDatabase, FeatureByIDFindsEveryFeatureInRowOrderAgainAndAgain) {
+  auto db = std::make_shared<MemoryProjectDatabase>();
+  auto cells = NumberedLayer(*db, 50);
+  for (int walk = 0; walk < 2; ++walk) {
+    for (int32_t id = 101; id <= 150; ++id) EXPECT_NE(cells->FeatureByID(Variant(id)), nullptr) << id;
+  }
+  EXPECT_EQ(db->Calls("FeatureByID"), 100);
+}
+
+TEST(MemoryProjectDatabase, FeatureByIDFindsFeaturesOutOfOrderAndByTheTextOfTheIdentifier) {
+  auto db = std::make_shared<MemoryProjectDatabase>();
+  auto cells = NumberedLayer(*db, 50);
+  for (int32_t id : {150, 101, 125, 125, 126, 102}) EXPECT_NE(cells->FeatureByID(Variant(id)), nullptr) << id;
+  // Identifiers are compared as text, whatever type the caller holds them in.
+  EXPECT_NE(cells->FeatureByID(Variant(std::string("130"))), nullptr);
+  EXPECT_NE(cells->FeatureByID(Variant(131.0)), nullptr);
+  EXPECT_NE(cells->FeatureByID(Variant(int16_t{132})), nullptr);
+}
+
+TEST(MemoryProjectDatabase, FeatureByIDOfAnUnknownIdentifierNamesLayerAndIdentifier) {
+  auto db = std::make_shared<MemoryProjectDatabase>();
+  auto cells = NumberedLayer(*db, 3);
+  EXPECT_NE(cells->FeatureByID(Variant(int32_t{101})), nullptr);
+  try {
+    cells->FeatureByID(Variant(int32_t{104}));
+    FAIL() << "an unknown identifier was found";
+  } catch (const RuntimeError& error) {
+    EXPECT_EQ(error.number, error_number::kInvalidProcedureCall);
+    EXPECT_EQ(error.source, "Layer");
+    EXPECT_EQ(error.description, "The layer 'Cells' has no feature with identifier 104");
+  }
+  // The failed lookup leaves the layer usable in row order.
+  EXPECT_NE(cells->FeatureByID(Variant(int32_t{102})), nullptr);
+  EXPECT_NE(cells->FeatureByID(Variant(int32_t{103})), nullptr);
+}
+
 TEST(MemoryProjectDatabase, SettingsKeepValuesAndRecordWrites) {
   auto db = SmallProject();
   auto settings = db->Settings();

@@ -1,7 +1,7 @@
 #include "zrsimprp/host/MemoryProjectDatabase.h"
 
 #include <optional>
-#include <unordered_set>
+#include <unordered_map>
 
 #include "zrsimprp/host/Conversions.h"
 #include "zrsimprp/host/RuntimeError.h"
@@ -26,7 +26,10 @@ namespace {
 // choosing the layer again does not copy its features or index its identifiers anew.
 struct LayerEntry {
   MemoryProjectDatabase::LayerData data;
-  std::optional<std::unordered_set<std::string>> id_texts;
+  // Row of each identifier's text, built at the first lookup that the next row does not answer.
+  std::optional<std::unordered_map<std::string, size_t>> row_of_id_text;
+  // The row after the one last fetched: callers fetch every feature in turn, in row order.
+  size_t next_row = 0;
 };
 
 }  // namespace
@@ -193,20 +196,34 @@ class MemoryLayer : public Layer {
 
   std::shared_ptr<Feature> FeatureByID(const Variant& id) override {
     database_->Touch("FeatureByID", "Layer");
-    const std::string wanted = VariantToText(id);
-    // Callers fetch every feature in turn, so the identifiers are indexed once rather than scanned.
-    std::optional<std::unordered_set<std::string>>& id_texts = entry_->id_texts;
-    if (!id_texts) {
-      id_texts.emplace();
-      id_texts->reserve(data_.ids.size());
-      for (const Variant& candidate : data_.ids) id_texts->insert(VariantToText(candidate));
+    // Callers fetch every feature in turn, so the next row is tried first: a walk over the layer reads
+    // its identifiers in order instead of probing an index the size of the layer for each.
+    if (entry_->next_row < data_.ids.size() && data_.ids[entry_->next_row] == id) {
+      ++entry_->next_row;
+      return std::make_shared<MemoryFeature>();
     }
-    if (id_texts->count(wanted) != 0) return std::make_shared<MemoryFeature>();
-    throw RuntimeError(error_number::kInvalidProcedureCall, "Layer",
-                       "The layer '" + data_.name + "' has no feature with identifier " + wanted);
+    const std::string wanted = VariantToText(id);
+    const auto found = RowOfIdText().find(wanted);
+    if (found == RowOfIdText().end()) {
+      throw RuntimeError(error_number::kInvalidProcedureCall, "Layer",
+                         "The layer '" + data_.name + "' has no feature with identifier " + wanted);
+    }
+    entry_->next_row = found->second + 1;
+    return std::make_shared<MemoryFeature>();
   }
 
  private:
+  // Identifiers are matched by their text, as a host's layer matches them; the first row wins.
+  const std::unordered_map<std::string, size_t>& RowOfIdText() {
+    std::optional<std::unordered_map<std::string, size_t>>& rows = entry_->row_of_id_text;
+    if (!rows) {
+      rows.emplace();
+      rows->reserve(data_.ids.size());
+      for (size_t row = 0; row < data_.ids.size(); ++row) rows->emplace(VariantToText(data_.ids[row]), row);
+    }
+    return *rows;
+  }
+
   std::shared_ptr<Database> database_;
   std::shared_ptr<Database::State> state_;
   std::shared_ptr<LayerEntry> entry_;

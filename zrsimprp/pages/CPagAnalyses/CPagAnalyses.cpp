@@ -172,6 +172,7 @@ bool CPagAnalyses::IsValid(std::string& message) {
 
 void CPagAnalyses::FillCombo(const KeyedList& list, ComboBox& combo) {
   combo.Clear();
+  combo.Reserve(static_cast<size_t>(list.Count()));
   for (int32_t i = 1; i <= list.Count(); ++i) combo.AddItem(list.Item(i));
   if (list.Count() > 0) combo.SetListIndex(0);
 }
@@ -179,7 +180,9 @@ void CPagAnalyses::FillCombo(const KeyedList& list, ComboBox& combo) {
 void CPagAnalyses::FillDataFilters() {
   auto database = Required(CModGlobal::ProjectDatabase(), "no project database");
   filter_list_ = KeyedList();
-  for (const auto& filter : database->DataFilters()) {
+  const auto filters = database->DataFilters();
+  filter_list_.Reserve(filters.size());
+  for (const auto& filter : filters) {
     AddItemValues(filter_list_, *Required(filter, "no data filter"));
   }
   FillCombo(filter_list_, cboDataFilter);
@@ -188,7 +191,9 @@ void CPagAnalyses::FillDataFilters() {
 void CPagAnalyses::FillModelDefinitions() {
   auto database = Required(CModGlobal::ProjectDatabase(), "no project database");
   model_list_ = KeyedList();
-  for (const auto& model : database->ModelDefinitions()) {
+  const auto models = database->ModelDefinitions();
+  model_list_.Reserve(models.size());
+  for (const auto& model : models) {
     if (OfferedModel(*Required(model, "no model definition"))) AddItemValues(model_list_, *model);
   }
   FillCombo(model_list_, cboModelDef);
