@@ -128,6 +128,25 @@ void BM_InitializeBySurveys(benchmark::State& state) {
 }
 BENCHMARK(BM_InitializeBySurveys)->Apply(bench::CheckedGrowth)->Range(2500, 40000);
 
+// Choosing another survey against a growing number of surveys and designs: finds the entry, walks the
+// surveys for its design and computes the strata again; must grow linearly.
+void BM_SelectSurveyBySurveys(benchmark::State& state) {
+  HeadlessPlatform platform;
+  const auto surveys = static_cast<int32_t>(state.range(0));
+  CModGlobal::SetProjectDatabase(Project(surveys, surveys / 10, 100, kOneWidthFirstId));
+  CPagSimulation page(platform);
+  page.Initialize();
+  int32_t survey = 0;
+  for (auto _ : state) {
+    survey = (survey + 7) % surveys;
+    page.SetSurveyObjectID(std::to_string(kOneWidthFirstId + survey));
+    benchmark::DoNotOptimize(page.StrataNum());
+  }
+  state.SetComplexityN(state.range(0));
+  CModGlobal::Clear();
+}
+BENCHMARK(BM_SelectSurveyBySurveys)->Apply(bench::CheckedGrowth)->Range(2500, 40000);
+
 // A project whose surveys and designs sit in many groups of ten: the lists are filled group by group
 // and must still grow linearly in the records, not in records times groups.
 std::shared_ptr<MemoryProjectDatabase> GroupedProject(int32_t surveys) {

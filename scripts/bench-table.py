@@ -107,7 +107,7 @@ class Results:
         runs = [run for key, found in self.runs.items()
                 if key.partition(":")[0] == program or not program for run in found]
         if any(run.get("error_occurred") for run in runs
-               if run.get("run_name", run["name"]).partition("/")[0] == family):
+               if run.get("run_name", run["name"]).split("/")[0] == family):
             raise Missing("failed")
         slope = exponent(fastest_times(runs).get(family, {}))
         if slope is None:

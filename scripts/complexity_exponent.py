@@ -1,15 +1,17 @@
 #!/usr/bin/env python3
 """Fitted growth exponent of each size-swept benchmark in Google Benchmark JSON reports.
 
-Usage: complexity_exponent.py [--limit L] REPORT.json ...
+Usage: complexity_exponent.py [--limit L] [--only REGEX] REPORT.json ...
 (a report is written by bench_x --benchmark_out=REPORT.json --benchmark_out_format=json)
 
 Prints, per benchmark family ("BM_Name/SIZE"), the least-squares slope of log(CPU time) against
 log(SIZE): 1.0 is linear, 2.0 quadratic. With repetitions, each size counts with its fastest run: the
 one least disturbed by the rest of the machine, which is what the code costs.
-Exits 1 when any slope is above the limit (default 1.05)."""
+Exits 1 when any slope is above the limit (default 1.05); with --only, just the families whose name
+matches REGEX (from its start) are printed and judged."""
 import json
 import math
+import re
 import sys
 from collections import defaultdict
 
@@ -20,9 +22,11 @@ def fastest_times(runs):
     for run in runs:
         if run.get("run_type", "iteration") != "iteration" or run.get("error_occurred"):
             continue
-        family, _, size = run.get("run_name", run["name"]).partition("/")
-        if not size.isdigit():
+        # Settings such as "repeats:5" or "min_time:0.2" follow the arguments in a run's name.
+        family, *arguments = [part for part in run.get("run_name", run["name"]).split("/") if ":" not in part]
+        if len(arguments) != 1 or not arguments[0].isdigit():
             continue
+        size = arguments[0]
         sizes = families[family]
         sizes[int(size)] = min(sizes.get(int(size), math.inf), run["cpu_time"])
     return families
@@ -41,11 +45,14 @@ def exponent(times):
 
 def main(argv):
     limit = 1.05
+    only = re.compile("")
     paths = []
     words = iter(argv[1:])
     for word in words:
         if word == "--limit":
             limit = float(next(words))
+        elif word == "--only":
+            only = re.compile(next(words))
         else:
             paths.append(word)
     runs = []
@@ -55,7 +62,7 @@ def main(argv):
     worst = 0.0
     for family, times in sorted(fastest_times(runs).items()):
         slope = exponent(times)
-        if slope is None:
+        if slope is None or not only.match(family):
             continue
         worst = max(worst, slope)
         sizes = f"{min(times):,} to {max(times):,}"

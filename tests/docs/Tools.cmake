@@ -48,6 +48,12 @@ expect_contains("${exponents}" "BM_Sweep                                     1,0
                 "The exponents")
 expect_contains("${exponents}" "BM_Square                                    1,000 to 2,000  exponent 2.000  ABOVE 1.05\n"
                 "The exponents")
+execute_process(COMMAND ${PYTHON} ${SOURCE_DIR}/scripts/complexity_exponent.py --only "BM_Sw" ${reports}
+                RESULT_VARIABLE result OUTPUT_VARIABLE exponents ERROR_VARIABLE errors)
+if(NOT result EQUAL 0 OR NOT exponents STREQUAL
+   "BM_Sweep                                     1,000 to 4,000  exponent 1.000\n")
+  message(FATAL_ERROR "complexity_exponent.py --only BM_Sw (status ${result}) printed:\n${exponents}${errors}")
+endif()
 execute_process(COMMAND ${PYTHON} ${SOURCE_DIR}/scripts/complexity_exponent.py --limit 2.5 ${reports}
                 RESULT_VARIABLE result OUTPUT_VARIABLE exponents ERROR_VARIABLE errors)
 if(NOT result EQUAL 0)
