@@ -56,30 +56,41 @@ MemoryProjectDatabase::LayerData Layer(const std::string& name, int32_t kind, co
   return layer;
 }
 
+// Surveys spread over four record groups and designs in one, unless `group_size` puts both in groups of
+// that many records.
 std::shared_ptr<MemoryProjectDatabase> Project(int32_t surveys, int32_t designs, int32_t strata,
-                                               int32_t first_id = 1) {
+                                               int32_t first_id = 1, int32_t group_size = 0) {
   auto db = std::make_shared<MemoryProjectDatabase>();
   db->AddLayer(Layer("Region", 1, "", 1));
   db->AddLayer(Layer("Strata", 0, "Region", strata, first_id));
-  for (int32_t d = first_id; d < first_id + designs; ++d)
-    db->AddDesign(d, "Design " + std::to_string(d), DesignText("Strata"));
+  for (int32_t d = 0; d < designs; ++d) {
+    const int32_t id = first_id + d;
+    const auto group = static_cast<size_t>(group_size > 0 ? d / group_size : 0);
+    db->AddDesign(id, "Design " + std::to_string(id), DesignText("Strata"), group);
+  }
   for (int32_t s = 0; s < surveys; ++s) {
     const int32_t id = first_id + s;
-    db->AddSurvey(id, "Survey " + std::to_string(id), 1, first_id + (id % designs), static_cast<size_t>(id % 4));
+    const auto group = static_cast<size_t>(group_size > 0 ? s / group_size : id % 4);
+    db->AddSurvey(id, "Survey " + std::to_string(id), 1, first_id + (id % designs), group);
   }
   return db;
 }
 
-// The brief's project: 10,000 surveys, 1,000 designs and a strata layer of 5,000 features.
-void BM_InitializeLargeProject(benchmark::State& state) {
+// A fresh page initialised on `project` in every iteration.
+void InitializeEveryIteration(benchmark::State& state, std::shared_ptr<MemoryProjectDatabase> project) {
   HeadlessPlatform platform;
-  CModGlobal::SetProjectDatabase(Project(10000, 1000, 5000));
+  CModGlobal::SetProjectDatabase(std::move(project));
   for (auto _ : state) {
     CPagSimulation page(platform);
     page.Initialize();
     benchmark::DoNotOptimize(page.StrataNum());
   }
   CModGlobal::Clear();
+}
+
+// The brief's project: 10,000 surveys, 1,000 designs and a strata layer of 5,000 features.
+void BM_InitializeLargeProject(benchmark::State& state) {
+  InitializeEveryIteration(state, Project(10000, 1000, 5000));
 }
 BENCHMARK(BM_InitializeLargeProject)->Unit(benchmark::kMillisecond);
 
@@ -115,16 +126,9 @@ BENCHMARK(BM_SelectSurveyLargeProject)->Unit(benchmark::kMillisecond);
 
 // Initialize against a growing number of surveys and designs (strata fixed): must grow linearly.
 void BM_InitializeBySurveys(benchmark::State& state) {
-  HeadlessPlatform platform;
   const auto surveys = static_cast<int32_t>(state.range(0));
-  CModGlobal::SetProjectDatabase(Project(surveys, surveys / 10, 100, kOneWidthFirstId));
-  for (auto _ : state) {
-    CPagSimulation page(platform);
-    page.Initialize();
-    benchmark::DoNotOptimize(page.StrataNum());
-  }
+  InitializeEveryIteration(state, Project(surveys, surveys / 10, 100, kOneWidthFirstId));
   state.SetComplexityN(state.range(0));
-  CModGlobal::Clear();
 }
 BENCHMARK(BM_InitializeBySurveys)->Apply(bench::CheckedGrowth)->Range(2500, 40000);
 
@@ -147,34 +151,12 @@ void BM_SelectSurveyBySurveys(benchmark::State& state) {
 }
 BENCHMARK(BM_SelectSurveyBySurveys)->Apply(bench::CheckedGrowth)->Range(2500, 40000);
 
-// A project whose surveys and designs sit in many groups of ten: the lists are filled group by group
-// and must still grow linearly in the records, not in records times groups.
-std::shared_ptr<MemoryProjectDatabase> GroupedProject(int32_t surveys) {
-  auto db = std::make_shared<MemoryProjectDatabase>();
-  db->AddLayer(Layer("Region", 1, "", 1));
-  db->AddLayer(Layer("Strata", 0, "Region", 100, kOneWidthFirstId));
-  const int32_t designs = surveys / 10;
-  for (int32_t d = 0; d < designs; ++d) {
-    const int32_t id = kOneWidthFirstId + d;
-    db->AddDesign(id, "Design " + std::to_string(id), DesignText("Strata"), static_cast<size_t>(d / 10));
-  }
-  for (int32_t s = 0; s < surveys; ++s) {
-    const int32_t id = kOneWidthFirstId + s;
-    db->AddSurvey(id, "Survey " + std::to_string(id), 1, kOneWidthFirstId + s % designs, static_cast<size_t>(s / 10));
-  }
-  return db;
-}
-
+// Surveys and designs in many groups of ten: the lists are filled group by group and must still grow
+// linearly in the records, not in records times groups.
 void BM_InitializeBySurveyGroups(benchmark::State& state) {
-  HeadlessPlatform platform;
-  CModGlobal::SetProjectDatabase(GroupedProject(static_cast<int32_t>(state.range(0))));
-  for (auto _ : state) {
-    CPagSimulation page(platform);
-    page.Initialize();
-    benchmark::DoNotOptimize(page.StrataNum());
-  }
+  const auto surveys = static_cast<int32_t>(state.range(0));
+  InitializeEveryIteration(state, Project(surveys, surveys / 10, 100, kOneWidthFirstId, 10));
   state.SetComplexityN(state.range(0));
-  CModGlobal::Clear();
 }
 BENCHMARK(BM_InitializeBySurveyGroups)->Apply(bench::CheckedGrowth)->Range(2500, 40000);
 
