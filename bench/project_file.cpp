@@ -174,59 +174,45 @@ void FromProjectFile(benchmark::State& state, const std::string& name, const Siz
   std::filesystem::remove(path);
 }
 
+// The default sizes with one of them set to `n`.
+Sizes With(int32_t Sizes::*count, int64_t n) {
+  Sizes sizes;
+  sizes.*count = static_cast<int32_t>(n);
+  return sizes;
+}
+// Surveys come with a design for every ten.
 Sizes WithSurveys(int64_t n) {
-  Sizes sizes;
-  sizes.surveys = static_cast<int32_t>(n);
+  Sizes sizes = With(&Sizes::surveys, n);
   sizes.designs = static_cast<int32_t>(n / 10);
-  return sizes;
-}
-Sizes WithDesigns(int64_t n) {
-  Sizes sizes;
-  sizes.designs = static_cast<int32_t>(n);
-  return sizes;
-}
-Sizes WithStrata(int64_t n) {
-  Sizes sizes;
-  sizes.strata = static_cast<int32_t>(n);
-  return sizes;
-}
-Sizes WithDataFilters(int64_t n) {
-  Sizes sizes;
-  sizes.data_filters = static_cast<int32_t>(n);
-  return sizes;
-}
-Sizes WithModelDefinitions(int64_t n) {
-  Sizes sizes;
-  sizes.model_definitions = static_cast<int32_t>(n);
   return sizes;
 }
 
 void BM_InitializeByDesigns(benchmark::State& state) {
-  FromMemory(state, WithDesigns(state.range(0)), InitializeSimulationPage);
+  FromMemory(state, With(&Sizes::designs, state.range(0)), InitializeSimulationPage);
 }
 void BM_InitializeByStrata(benchmark::State& state) {
-  FromMemory(state, WithStrata(state.range(0)), InitializeSimulationPage);
+  FromMemory(state, With(&Sizes::strata, state.range(0)), InitializeSimulationPage);
 }
 void BM_AnalysesByDataFilters(benchmark::State& state) {
-  FromMemory(state, WithDataFilters(state.range(0)), InitializeAnalysesPage);
+  FromMemory(state, With(&Sizes::data_filters, state.range(0)), InitializeAnalysesPage);
 }
 void BM_AnalysesByModelDefinitions(benchmark::State& state) {
-  FromMemory(state, WithModelDefinitions(state.range(0)), InitializeAnalysesPage);
+  FromMemory(state, With(&Sizes::model_definitions, state.range(0)), InitializeAnalysesPage);
 }
 void BM_LoadGeoPackageBySurveys(benchmark::State& state) {
   FromProjectFile(state, "surveys", WithSurveys(state.range(0)), InitializeSimulationPage);
 }
 void BM_LoadGeoPackageByDesigns(benchmark::State& state) {
-  FromProjectFile(state, "designs", WithDesigns(state.range(0)), InitializeSimulationPage);
+  FromProjectFile(state, "designs", With(&Sizes::designs, state.range(0)), InitializeSimulationPage);
 }
 void BM_LoadGeoPackageByStrata(benchmark::State& state) {
-  FromProjectFile(state, "strata", WithStrata(state.range(0)), InitializeSimulationPage);
+  FromProjectFile(state, "strata", With(&Sizes::strata, state.range(0)), InitializeSimulationPage);
 }
 void BM_LoadGeoPackageByDataFilters(benchmark::State& state) {
-  FromProjectFile(state, "filters", WithDataFilters(state.range(0)), InitializeAnalysesPage);
+  FromProjectFile(state, "filters", With(&Sizes::data_filters, state.range(0)), InitializeAnalysesPage);
 }
 void BM_LoadGeoPackageByModelDefinitions(benchmark::State& state) {
-  FromProjectFile(state, "models", WithModelDefinitions(state.range(0)), InitializeAnalysesPage);
+  FromProjectFile(state, "models", With(&Sizes::model_definitions, state.range(0)), InitializeAnalysesPage);
 }
 
 #define ZRSIM_LINEAR_BENCHMARK(name) BENCHMARK(name)->Apply(bench::CheckedGrowth)->Range(2500, 40000)

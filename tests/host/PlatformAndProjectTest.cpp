@@ -2,10 +2,12 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "zrsimprp/host/ErrorTrap.h"
 #include "zrsimprp/host/HeadlessPlatform.h"
 #include "zrsimprp/host/MemoryProjectDatabase.h"
+#include "zrsimprp/host/ReserveGrowing.h"
 #include "zrsimprp/host/Variant.h"
 
 namespace zrsimprp {
@@ -107,6 +109,20 @@ TEST(MemoryProjectDatabase, ServesLayersRowsAndParents) {
   EXPECT_THROW(region->Parent(""), RuntimeError);
   EXPECT_THROW(db->Companion()->LayerByName("Nowhere"), RuntimeError);
   EXPECT_EQ(db->Calls("GetRows"), 1);
+}
+
+TEST(ReserveGrowing, RoomAskedForGroupByGroupAtLeastDoublesAndNeverShrinks) {
+  std::vector<int> items;
+  ReserveGrowing(items, 10);
+  const size_t first = items.capacity();
+  EXPECT_GE(first, 10u);
+  ReserveGrowing(items, first + 1);  // one more group
+  EXPECT_GE(items.capacity(), 2 * first);
+  const size_t grown = items.capacity();
+  ReserveGrowing(items, 1);
+  EXPECT_EQ(items.capacity(), grown);
+  ReserveGrowing(items, 3 * grown);  // a group larger than the list so far
+  EXPECT_GE(items.capacity(), 3 * grown);
 }
 
 // A layer of `count` features numbered from 101, for the lookups below.

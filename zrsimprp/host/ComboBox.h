@@ -1,11 +1,11 @@
 #pragma once
 
-#include <algorithm>
 #include <functional>
 #include <string>
 #include <vector>
 
 #include "zrsimprp/host/Control.h"
+#include "zrsimprp/host/ReserveGrowing.h"
 
 namespace zrsimprp {
 
@@ -22,11 +22,8 @@ class ComboBox : public Control {
 
   void Clear();  // no entries, ListIndex -1, Text ""
   void AddItem(const std::string& item);
-  // Room for `count` entries in all, so that filling a long list does not copy it as it grows. The room
-  // at least doubles, so that a list filled group by group is not copied once per group.
-  void Reserve(size_t count) {
-    if (count > items_.capacity()) items_.reserve(std::max(count, 2 * items_.capacity()));
-  }
+  // Room for `count` entries in all (see ReserveGrowing).
+  void Reserve(size_t count) { ReserveGrowing(items_, count); }
   int ListCount() const { return static_cast<int>(items_.size()); }
   const std::string& List(int index) const;  // error 381 outside the list
   const std::vector<std::string>& Items() const { return items_; }

@@ -1,10 +1,11 @@
 #pragma once
 
-#include <algorithm>
 #include <cstdint>
 #include <string>
 #include <utility>
 #include <vector>
+
+#include "zrsimprp/host/ReserveGrowing.h"
 
 namespace zrsimprp {
 
@@ -14,11 +15,8 @@ class KeyedList {
   int32_t Count() const { return static_cast<int32_t>(entries_.size()); }
   void Add(const std::string& item, const std::string& key) { entries_.emplace_back(item, key); }
   void Add(std::string&& item, std::string&& key) { entries_.emplace_back(std::move(item), std::move(key)); }
-  // Room for `count` entries in all, so that filling a long list does not copy it as it grows. The room
-  // at least doubles, so that a list filled group by group is not copied once per group.
-  void Reserve(size_t count) {
-    if (count > entries_.capacity()) entries_.reserve(std::max(count, 2 * entries_.capacity()));
-  }
+  // Room for `count` entries in all (see ReserveGrowing).
+  void Reserve(size_t count) { ReserveGrowing(entries_, count); }
   const std::string& Item(int32_t index) const { return At(index).first; }
   const std::string& Key(int32_t index) const { return At(index).second; }
 

@@ -203,8 +203,9 @@ class MemoryLayer : public Layer {
       return std::make_shared<MemoryFeature>();
     }
     const std::string wanted = VariantToText(id);
-    const auto found = RowOfIdText().find(wanted);
-    if (found == RowOfIdText().end()) {
+    const std::unordered_map<std::string, size_t>& rows = RowOfIdText();
+    const auto found = rows.find(wanted);
+    if (found == rows.end()) {
       throw RuntimeError(error_number::kInvalidProcedureCall, "Layer",
                          "The layer '" + data_.name + "' has no feature with identifier " + wanted);
     }
