@@ -76,11 +76,15 @@ std::shared_ptr<MemoryProjectDatabase> Project(int32_t surveys, int32_t designs,
   return db;
 }
 
-// A fresh page initialised on `project` in every iteration.
-void InitializeEveryIteration(benchmark::State& state, std::shared_ptr<MemoryProjectDatabase> project) {
+// A fresh page initialised on `project` in every iteration; a growth sweep starts each one cold
+// (bench::StartCold).
+enum class Start { kWarm, kCold };
+void InitializeEveryIteration(benchmark::State& state, std::shared_ptr<MemoryProjectDatabase> project,
+                              Start start = Start::kWarm) {
   HeadlessPlatform platform;
   CModGlobal::SetProjectDatabase(std::move(project));
   for (auto _ : state) {
+    if (start == Start::kCold) bench::StartCold(state);
     CPagSimulation page(platform);
     page.Initialize();
     benchmark::DoNotOptimize(page.StrataNum());
@@ -127,7 +131,7 @@ BENCHMARK(BM_SelectSurveyLargeProject)->Unit(benchmark::kMillisecond);
 // Initialize against a growing number of surveys and designs (strata fixed): must grow linearly.
 void BM_InitializeBySurveys(benchmark::State& state) {
   const auto surveys = static_cast<int32_t>(state.range(0));
-  InitializeEveryIteration(state, Project(surveys, surveys / 10, 100, kOneWidthFirstId));
+  InitializeEveryIteration(state, Project(surveys, surveys / 10, 100, kOneWidthFirstId), Start::kCold);
   state.SetComplexityN(state.range(0));
 }
 BENCHMARK(BM_InitializeBySurveys)->Apply(bench::CheckedGrowth)->Range(2500, 40000);
@@ -155,7 +159,7 @@ BENCHMARK(BM_SelectSurveyBySurveys)->Apply(bench::CheckedGrowth)->Range(2500, 40
 // linearly in the records, not in records times groups.
 void BM_InitializeBySurveyGroups(benchmark::State& state) {
   const auto surveys = static_cast<int32_t>(state.range(0));
-  InitializeEveryIteration(state, Project(surveys, surveys / 10, 100, kOneWidthFirstId, 10));
+  InitializeEveryIteration(state, Project(surveys, surveys / 10, 100, kOneWidthFirstId, 10), Start::kCold);
   state.SetComplexityN(state.range(0));
 }
 BENCHMARK(BM_InitializeBySurveyGroups)->Apply(bench::CheckedGrowth)->Range(2500, 40000);

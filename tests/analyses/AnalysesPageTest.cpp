@@ -1,7 +1,10 @@
+#include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "AnalysesTestProject.h"
+#include "zrsimprp/host/ForwardingProjectDatabase.h"
 
 namespace zrsimprp {
 namespace {
@@ -153,6 +156,57 @@ TEST_F(AnalysesPageTest, FailingModelListIsReportedAndKeepsTheDataFilters) {
   EXPECT_TRUE(page_.cboModelDef.Items().empty());
   // The routine stopped before it locked the check box.
   EXPECT_TRUE(page_.chkAnalyse.Enabled());
+}
+
+// A project whose data-filter or model-definition collection ends in a record object that is not there.
+class ProjectWithMissingRecord : public ForwardingProjectDatabase {
+ public:
+  enum class Missing { kDataFilter, kModelDefinition };
+  ProjectWithMissingRecord(std::shared_ptr<ProjectDatabase> project, Missing missing)
+      : ForwardingProjectDatabase(std::move(project)), missing_(missing) {}
+  std::shared_ptr<ProjectSettings> Settings() override { return Wrapped().Settings(); }
+  std::vector<std::shared_ptr<DataFilter>> DataFilters() override {
+    auto filters = ForwardingProjectDatabase::DataFilters();
+    if (missing_ == Missing::kDataFilter) filters.push_back(nullptr);
+    return filters;
+  }
+  std::vector<std::shared_ptr<ModelDefinition>> ModelDefinitions() override {
+    auto models = ForwardingProjectDatabase::ModelDefinitions();
+    if (missing_ == Missing::kModelDefinition) models.push_back(nullptr);
+    return models;
+  }
+
+ private:
+  Missing missing_;
+};
+
+TEST_F(AnalysesPageTest, MissingDataFilterObjectIsReportedAsObjectNotSet) {
+  AddStandardProject();
+  CModGlobal::SetProjectDatabase(
+      std::make_shared<ProjectWithMissingRecord>(db_, ProjectWithMissingRecord::Missing::kDataFilter));
+  page_.Initialize();
+  const std::string report = OnlyReport();
+  EXPECT_NE(report.find("\r\n\r\nObject variable or With block variable not set (no data filter)\r\n"),
+            std::string::npos)
+      << report;
+  EXPECT_NE(report.find("(Error source: ZrSIMPrp)\r\n(Error number: 91)"), std::string::npos) << report;
+  // The walk stopped at the missing filter, before the list was shown.
+  EXPECT_TRUE(page_.cboDataFilter.Items().empty());
+  EXPECT_TRUE(page_.chkAnalyse.Enabled());
+}
+
+TEST_F(AnalysesPageTest, MissingModelDefinitionObjectIsReportedAfterTheDataFilters) {
+  AddStandardProject();
+  CModGlobal::SetProjectDatabase(
+      std::make_shared<ProjectWithMissingRecord>(db_, ProjectWithMissingRecord::Missing::kModelDefinition));
+  page_.Initialize();
+  const std::string report = OnlyReport();
+  EXPECT_NE(report.find("\r\n\r\nObject variable or With block variable not set (no model definition)\r\n"),
+            std::string::npos)
+      << report;
+  EXPECT_NE(report.find("(Error number: 91)"), std::string::npos) << report;
+  EXPECT_EQ(page_.cboDataFilter.Items(), (Strings{"3 All data", "4 Truncated"}));
+  EXPECT_TRUE(page_.cboModelDef.Items().empty());
 }
 
 TEST_F(AnalysesPageTest, AnalyseFalseUnchecksTheBoxAndDisablesTheLists) {

@@ -151,6 +151,57 @@ TEST(ComboTools, SelectComboItemMatchesTheWholeTextIgnoringCase) {
   EXPECT_EQ(clicks, 1);
 }
 
+TEST(ComboTools, SelectComboItemOrFirstFallsBackToTheFirstEntry) {
+  ComboBox list(ComboBox::Style::kListOnly);
+  int clicks = 0;
+  list.SetClickHandler([&] { ++clicks; });
+  list.AddItem("Line");
+  list.AddItem("Point");
+  ComboTools::SelectComboItemOrFirst(list, "POINT");
+  EXPECT_EQ(list.ListIndex(), 1);
+  ComboTools::SelectComboItemOrFirst(list, "Cue");
+  EXPECT_EQ(list.ListIndex(), 0);
+  EXPECT_EQ(list.Text(), "Line");
+  EXPECT_EQ(clicks, 2);
+}
+
+TEST(ComboTools, SelectComboItemOrFirstLeavesAnEmptyListAsItIs) {
+  ComboBox list(ComboBox::Style::kListOnly);
+  int clicks = 0;
+  list.SetClickHandler([&] { ++clicks; });
+  ComboTools::SelectComboItemOrFirst(list, "Line");
+  EXPECT_EQ(list.ListIndex(), -1);
+  EXPECT_EQ(clicks, 0);
+}
+
+TEST(ComboTools, ShowItemsReplacesTheEntriesAndSelectsTheFirst) {
+  ComboBox list(ComboBox::Style::kListOnly);
+  list.AddItem("stale");
+  int clicks = 0;
+  list.SetClickHandler([&] { ++clicks; });
+  KeyedList entries;
+  entries.AddNumbered(7, "North", 7);
+  entries.AddNumbered(9, "South", 9);
+  ComboTools::ShowItems(list, entries);
+  EXPECT_EQ(list.Items(), (std::vector<std::string>{"7 North", "9 South"}));
+  EXPECT_EQ(list.ListIndex(), 0);
+  EXPECT_EQ(list.Text(), "7 North");
+  EXPECT_EQ(clicks, 1);
+}
+
+TEST(ComboTools, ShowItemsOfAnEmptyListSelectsNothing) {
+  ComboBox list(ComboBox::Style::kListOnly);
+  list.AddItem("stale");
+  list.SetListIndex(0);
+  int clicks = 0;
+  list.SetClickHandler([&] { ++clicks; });
+  ComboTools::ShowItems(list, KeyedList());
+  EXPECT_EQ(list.ListCount(), 0);
+  EXPECT_EQ(list.ListIndex(), -1);
+  EXPECT_EQ(list.Text(), "");
+  EXPECT_EQ(clicks, 0);
+}
+
 TEST(Grid, ResizingKeepsTheSurvivingCells) {
   Grid grid(2, 3, 1, 1);
   grid.SetTextMatrix(1, 1, "10");
@@ -327,17 +378,6 @@ TEST(Chart, DataRowsAndColumnsCountFromOne) {
   EXPECT_DOUBLE_EQ(chart.Data(50, 2), 1.5);
   EXPECT_EQ(ErrorNumberOf([&] { chart.Data(0, 1); }), 381);
   EXPECT_EQ(ErrorNumberOf([&] { chart.SetData(51, 1, 0); }), 381);
-}
-
-TEST(KeyedList, EntriesCountFromOne) {
-  KeyedList list;
-  list.Add("12 Lines A", "12");
-  list.Add("13 Lines B", "13");
-  EXPECT_EQ(list.Count(), 2);
-  EXPECT_EQ(list.Item(1), "12 Lines A");
-  EXPECT_EQ(list.Key(2), "13");
-  EXPECT_EQ(ErrorNumberOf([&] { list.Item(0); }), 9);
-  EXPECT_EQ(ErrorNumberOf([&] { list.Key(3); }), 9);
 }
 
 }  // namespace

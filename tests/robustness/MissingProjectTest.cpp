@@ -3,6 +3,7 @@
 #include <string>
 
 #include "RobustnessFixture.h"
+#include "support/ErrorNumberOf.h"
 
 namespace zrsimprp {
 namespace {
@@ -31,14 +32,11 @@ class MissingProjectTest : public RobustnessTest {
 
 TEST_F(MissingProjectTest, InitializeRaisesObjectNotSetNamingTheMissingDatabase) {
   SIMProperties& control = Unconnected("Reps=5;");
-  try {
-    control.Initialize();
-    FAIL() << "Initialize without a project database did not raise";
-  } catch (const RuntimeError& error) {
-    EXPECT_EQ(error.number, 91);
-    EXPECT_EQ(error.source, "SIM");
-    EXPECT_EQ(error.description, "No project database has been given to the control");
-  }
+  const auto error = RaisedError([&] { control.Initialize(); });
+  ASSERT_TRUE(error) << "Initialize without a project database did not raise";
+  EXPECT_EQ(error->number, 91);
+  EXPECT_EQ(error->source, "SIM");
+  EXPECT_EQ(error->description, "No project database has been given to the control");
 }
 
 TEST_F(MissingProjectTest, InitializeReportsThePagesThatListProjectRecordsBeforeRaising) {

@@ -12,8 +12,8 @@ void ComboBox::Clear() {
   Changed();
 }
 
-void ComboBox::AddItem(const std::string& item) {
-  items_.push_back(item);
+void ComboBox::AddItem(std::string_view item) {
+  items_.emplace_back(item);
   Changed();
 }
 

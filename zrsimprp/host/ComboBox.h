@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "zrsimprp/host/Control.h"
@@ -21,7 +22,7 @@ class ComboBox : public Control {
   Style ListStyle() const { return style_; }
 
   void Clear();  // no entries, ListIndex -1, Text ""
-  void AddItem(const std::string& item);
+  void AddItem(std::string_view item);
   // Room for `count` entries in all (see ReserveGrowing).
   void Reserve(size_t count) { ReserveGrowing(items_, count); }
   int ListCount() const { return static_cast<int>(items_.size()); }

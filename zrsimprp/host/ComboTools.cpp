@@ -4,7 +4,7 @@
 
 namespace zrsimprp {
 
-bool ComboTools::SelectComboItem(ComboBox& list, const std::string& text) {
+bool ComboTools::SelectComboItem(ComboBox& list, std::string_view text) {
   const auto& items = list.Items();
   for (size_t i = 0; i < items.size(); ++i) {
     if (TextEquals(items[i], text)) {
@@ -13,6 +13,17 @@ bool ComboTools::SelectComboItem(ComboBox& list, const std::string& text) {
     }
   }
   return false;
+}
+
+void ComboTools::SelectComboItemOrFirst(ComboBox& list, std::string_view text) {
+  if (!SelectComboItem(list, text) && list.ListCount() > 0) list.SetListIndex(0);
+}
+
+void ComboTools::ShowItems(ComboBox& list, const KeyedList& entries) {
+  list.Clear();
+  list.Reserve(static_cast<size_t>(entries.Count()));
+  for (int32_t i = 1; i <= entries.Count(); ++i) list.AddItem(entries.Item(i));
+  if (entries.Count() > 0) list.SetListIndex(0);
 }
 
 }  // namespace zrsimprp

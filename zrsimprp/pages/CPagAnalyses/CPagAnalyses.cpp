@@ -1,7 +1,7 @@
 #include "zrsimprp/pages/CPagAnalyses/CPagAnalyses.h"
 
 #include <cstdint>
-#include <memory>
+#include <string>
 
 #include "zrsimprp/host/ComboTools.h"
 #include "zrsimprp/host/Conversions.h"
@@ -9,6 +9,7 @@
 #include "zrsimprp/host/DesignModeGuard.h"
 #include "zrsimprp/host/ErrorTrap.h"
 #include "zrsimprp/host/ProjectDatabase.h"
+#include "zrsimprp/host/Required.h"
 #include "zrsimprp/host/RuntimeError.h"
 #include "zrsimprp/modules/CModErrorHandling.h"
 #include "zrsimprp/modules/CModGlobal.h"
@@ -19,25 +20,16 @@ namespace {
 
 constexpr const char* kModule = "PagAnalyses";
 constexpr const char* kSource = "ZrSIMPrp";
-constexpr int32_t kObjectNotSet = 91;
-
-template <class T>
-std::shared_ptr<T> Required(std::shared_ptr<T> object, const std::string& what) {
-  if (!object) {
-    throw RuntimeError(kObjectNotSet, kSource,
-                       "Object variable or With block variable not set (" + what + ")");
-  }
-  return object;
-}
 
 // Data filters and model definitions enter their lists alike: "<a> <s>" shown, "<b>" as identifier.
+// The caller's `name` buffer serves every record of a list, so that reading a name allocates nothing.
 template <class Item>
-void AddItemValues(KeyedList& list, Item& item) {
+void AddItemValues(KeyedList& list, Item& item, std::string& name) {
   int32_t a = 0;
   int32_t b = 0;
-  std::string s;
-  item.ItemValues(a, b, s);
-  list.Add(std::to_string(a) + " " + s, std::to_string(b));
+  name.clear();
+  item.ItemValues(a, b, name);
+  list.AddNumbered(a, name, b);
 }
 
 // Only distance-sampling fits of MRDS can be offered; the other MRDS methods and DSM cannot.
@@ -119,20 +111,12 @@ void CPagAnalyses::SetAnalyse(const std::string& value) {
 
 std::string CPagAnalyses::IdentifierOfName(const KeyedList& list, const std::string& name) {
   if (name.empty()) return "0";
-  std::string identifier;
-  for (int32_t i = 1; i <= list.Count(); ++i) {
-    if (TextEquals(list.Item(i), name)) identifier = list.Key(i);
-  }
-  return identifier;
+  return std::string(list.LastKeyOfItem(name));
 }
 
 void CPagAnalyses::SelectIdentifier(const KeyedList& list, ComboBox& combo, const std::string& value) {
   if (value == "0") return;
-  std::string name;
-  for (int32_t i = 1; i <= list.Count(); ++i) {
-    if (TextEquals(list.Key(i), value)) name = list.Item(i);
-  }
-  if (!ComboTools::SelectComboItem(combo, name) && combo.ListCount() > 0) combo.SetListIndex(0);
+  ComboTools::SelectComboItemOrFirst(combo, list.LastItemOfKey(value));
 }
 
 std::string CPagAnalyses::DataFilter() {
@@ -159,9 +143,7 @@ std::string CPagAnalyses::Criteria() { return cboCriteria.Text(); }
 
 void CPagAnalyses::SetCriteria(const std::string& value) {
   RequireUserMode(platform_, kSource);
-  if (!ComboTools::SelectComboItem(cboCriteria, value) && cboCriteria.ListCount() > 0) {
-    cboCriteria.SetListIndex(0);
-  }
+  ComboTools::SelectComboItemOrFirst(cboCriteria, value);
 }
 
 bool CPagAnalyses::IsValid(std::string& message) {
@@ -170,33 +152,26 @@ bool CPagAnalyses::IsValid(std::string& message) {
   return true;
 }
 
-void CPagAnalyses::FillCombo(const KeyedList& list, ComboBox& combo) {
-  combo.Clear();
-  combo.Reserve(static_cast<size_t>(list.Count()));
-  for (int32_t i = 1; i <= list.Count(); ++i) combo.AddItem(list.Item(i));
-  if (list.Count() > 0) combo.SetListIndex(0);
-}
-
 void CPagAnalyses::FillDataFilters() {
-  auto database = Required(CModGlobal::ProjectDatabase(), "no project database");
+  const auto database = Required(CModGlobal::ProjectDatabase(), "no project database");
   filter_list_ = KeyedList();
   const auto filters = database->DataFilters();
   filter_list_.Reserve(filters.size());
-  for (const auto& filter : filters) {
-    AddItemValues(filter_list_, *Required(filter, "no data filter"));
-  }
-  FillCombo(filter_list_, cboDataFilter);
+  std::string name;
+  for (const auto& filter : filters) AddItemValues(filter_list_, *Required(filter, "no data filter"), name);
+  ComboTools::ShowItems(cboDataFilter, filter_list_);
 }
 
 void CPagAnalyses::FillModelDefinitions() {
-  auto database = Required(CModGlobal::ProjectDatabase(), "no project database");
+  const auto database = Required(CModGlobal::ProjectDatabase(), "no project database");
   model_list_ = KeyedList();
   const auto models = database->ModelDefinitions();
   model_list_.Reserve(models.size());
+  std::string name;
   for (const auto& model : models) {
-    if (OfferedModel(*Required(model, "no model definition"))) AddItemValues(model_list_, *model);
+    if (OfferedModel(*Required(model, "no model definition"))) AddItemValues(model_list_, *model, name);
   }
-  FillCombo(model_list_, cboModelDef);
+  ComboTools::ShowItems(cboModelDef, model_list_);
 }
 
 void CPagAnalyses::Initialize() {

@@ -53,7 +53,6 @@ class CPagAnalyses : public PageControl {
   void FillModelDefinitions();
   static std::string IdentifierOfName(const KeyedList& list, const std::string& name);
   static void SelectIdentifier(const KeyedList& list, ComboBox& combo, const std::string& value);
-  static void FillCombo(const KeyedList& list, ComboBox& combo);
   void ShowListEnabled(ComboBox& combo, bool enabled);
 
   Platform& platform_;

@@ -134,14 +134,14 @@ std::string CPagDensity::DSMLayer() { return cboLayer.Text(); }
 
 void CPagDensity::SetDSMLayer(const std::string& value) {
   RequireUserMode(platform_, kModuleName);
-  if (!ComboTools::SelectComboItem(cboLayer, value) && cboLayer.ListCount() > 0) cboLayer.SetListIndex(0);
+  ComboTools::SelectComboItemOrFirst(cboLayer, value);
 }
 
 std::string CPagDensity::DSMField() { return cboField.Text(); }
 
 void CPagDensity::SetDSMField(const std::string& value) {
   RequireUserMode(platform_, kModuleName);
-  if (!ComboTools::SelectComboItem(cboField, value) && cboField.ListCount() > 0) cboField.SetListIndex(0);
+  ComboTools::SelectComboItemOrFirst(cboField, value);
 }
 
 int16_t CPagDensity::NumHotspots() {

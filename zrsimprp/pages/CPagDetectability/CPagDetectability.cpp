@@ -80,7 +80,7 @@ std::string CPagDetectability::DetFunction() { return cboDetect.Text(); }
 
 void CPagDetectability::SetDetFunction(const std::string& value) {
   RequireUserMode(platform_, kSource);
-  if (!ComboTools::SelectComboItem(cboDetect, value) && cboDetect.ListCount() > 0) cboDetect.SetListIndex(0);
+  ComboTools::SelectComboItemOrFirst(cboDetect, value);
   OnDetectClick();
 }
 

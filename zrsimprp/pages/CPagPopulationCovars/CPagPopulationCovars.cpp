@@ -136,9 +136,7 @@ std::string CPagPopulationCovars::ContinuousDist() { return cboDistribution.Text
 
 void CPagPopulationCovars::SetContinuousDist(const std::string& value) {
   RequireUserMode(platform_, kSource);
-  if (!ComboTools::SelectComboItem(cboDistribution, value) && cboDistribution.ListCount() > 0) {
-    cboDistribution.SetListIndex(0);
-  }
+  ComboTools::SelectComboItemOrFirst(cboDistribution, value);
   OnDistributionClick();
 }
 

@@ -173,9 +173,7 @@ void CPagPopulationDescription::SetClusterDistribution(const std::string& value)
   }
   if (!TextEquals(value, kPoisson) && !TextEquals(value, kNegativeBinomial)) return;
   optClusterDist.Select(kDistribution);
-  if (!ComboTools::SelectComboItem(cboDistribution, value) && cboDistribution.ListCount() > 0) {
-    cboDistribution.SetListIndex(0);
-  }
+  ComboTools::SelectComboItemOrFirst(cboDistribution, value);
   BuildParameterTable(cboDistribution.Text());
 }
 

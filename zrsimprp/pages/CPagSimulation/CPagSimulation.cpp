@@ -9,6 +9,7 @@
 #include "zrsimprp/host/DesignModeGuard.h"
 #include "zrsimprp/host/ErrorTrap.h"
 #include "zrsimprp/host/ProjectDatabase.h"
+#include "zrsimprp/host/Required.h"
 #include "zrsimprp/host/RuntimeError.h"
 #include "zrsimprp/host/Variant.h"
 #include "zrsimprp/modules/CModErrorHandling.h"
@@ -20,19 +21,8 @@ namespace {
 
 constexpr const char* kModule = "PagSimulation";
 constexpr const char* kSource = "ZrSIMPrp";
-constexpr int32_t kObjectNotSet = 91;
 
 using Rows = std::vector<std::vector<Variant>>;
-
-[[noreturn]] void RaiseObjectNotSet(const std::string& what) {
-  throw RuntimeError(kObjectNotSet, kSource, "Object variable or With block variable not set (" + what + ")");
-}
-
-template <class T>
-std::shared_ptr<T> Required(std::shared_ptr<T> object, const std::string& what) {
-  if (!object) RaiseObjectNotSet(what);
-  return object;
-}
 
 std::shared_ptr<ProjectDatabase> Project() {
   return Required(CModGlobal::ProjectDatabase(), "no project database");
@@ -49,8 +39,6 @@ std::string IdentifierOf(const std::string& entry_text) {
   const std::vector<std::string> pieces = Split(entry_text, ' ');
   return pieces.empty() ? std::string() : pieces[0];
 }
-
-std::string EntryText(int32_t id, const std::string& name) { return std::to_string(id) + " " + name; }
 
 const Variant& Cell(const Rows& rows, size_t field, size_t record) {
   if (field >= rows.size() || record >= rows[field].size()) {
@@ -104,9 +92,7 @@ std::string CPagSimulation::StrataLayer() {
 void CPagSimulation::SetStrataLayer(const std::string& value) {
   RequireUserMode(platform_, kSource);
   if (TextEquals(value, "None")) return;
-  if (!ComboTools::SelectComboItem(cboRegionLayer, value) && cboRegionLayer.ListCount() > 0) {
-    cboRegionLayer.SetListIndex(0);
-  }
+  ComboTools::SelectComboItemOrFirst(cboRegionLayer, value);
 }
 
 std::string CPagSimulation::Reps() { return txtReps.Text(); }
@@ -151,11 +137,7 @@ void CPagSimulation::SetSurveyObjectID(const std::string& value) {
 }
 
 void CPagSimulation::SelectByKey(const KeyedList& list, ComboBox& combo, const std::string& value) {
-  std::string wanted;
-  for (int32_t i = 1; i <= list.Count(); ++i) {
-    if (TextEquals(list.Key(i), value)) wanted = list.Item(i);
-  }
-  if (!ComboTools::SelectComboItem(combo, wanted) && combo.ListCount() > 0) combo.SetListIndex(0);
+  ComboTools::SelectComboItemOrFirst(combo, list.LastItemOfKey(value));
 }
 
 bool CPagSimulation::IsValid(std::string& validation_string) {
@@ -206,13 +188,10 @@ void CPagSimulation::FillDesignList() {
     for (const auto& record : records) {
       Required(record, "no design record");
       const int32_t id = record->ID();
-      design_list_.Add(EntryText(id, record->Name()), std::to_string(id));
+      design_list_.AddNumbered(id, record->Name(), id);
     }
   }
-  cboDesign.Clear();
-  cboDesign.Reserve(static_cast<size_t>(design_list_.Count()));
-  for (int32_t i = 1; i <= design_list_.Count(); ++i) cboDesign.AddItem(design_list_.Item(i));
-  if (design_list_.Count() > 0) cboDesign.SetListIndex(0);
+  ComboTools::ShowItems(cboDesign, design_list_);
   // The design box starts out showing no design until one is picked or set.
   cboDesign.SetText(" ");
 }
@@ -226,13 +205,10 @@ void CPagSimulation::FillSurveyList() {
       Required(record, "no survey record");
       if (record->Status() != 1) continue;
       const int32_t id = record->ID();
-      survey_list_.Add(EntryText(id, record->Name()), std::to_string(id));
+      survey_list_.AddNumbered(id, record->Name(), id);
     }
   }
-  cboSurvey.Clear();
-  cboSurvey.Reserve(static_cast<size_t>(survey_list_.Count()));
-  for (int32_t i = 1; i <= survey_list_.Count(); ++i) cboSurvey.AddItem(survey_list_.Item(i));
-  if (survey_list_.Count() > 0) cboSurvey.SetListIndex(0);
+  ComboTools::ShowItems(cboSurvey, survey_list_);
 }
 
 void CPagSimulation::CboSurveyClick() {
