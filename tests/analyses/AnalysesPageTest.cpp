@@ -181,11 +181,8 @@ class ProjectWithMissingRecord : public ForwardingProjectDatabase {
 };
 
 TEST_F(AnalysesPageTest, MissingDataFilterObjectIsReportedAsObjectNotSet) {
-  AddStandardProject();
-  CModGlobal::SetProjectDatabase(
+  const std::string report = ReportOfInitializeOn(
       std::make_shared<ProjectWithMissingRecord>(db_, ProjectWithMissingRecord::Missing::kDataFilter));
-  page_.Initialize();
-  const std::string report = OnlyReport();
   EXPECT_NE(report.find("\r\n\r\nObject variable or With block variable not set (no data filter)\r\n"),
             std::string::npos)
       << report;
@@ -196,11 +193,8 @@ TEST_F(AnalysesPageTest, MissingDataFilterObjectIsReportedAsObjectNotSet) {
 }
 
 TEST_F(AnalysesPageTest, MissingModelDefinitionObjectIsReportedAfterTheDataFilters) {
-  AddStandardProject();
-  CModGlobal::SetProjectDatabase(
+  const std::string report = ReportOfInitializeOn(
       std::make_shared<ProjectWithMissingRecord>(db_, ProjectWithMissingRecord::Missing::kModelDefinition));
-  page_.Initialize();
-  const std::string report = OnlyReport();
   EXPECT_NE(report.find("\r\n\r\nObject variable or With block variable not set (no model definition)\r\n"),
             std::string::npos)
       << report;

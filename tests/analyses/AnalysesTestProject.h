@@ -4,6 +4,7 @@
 
 #include <memory>
 #include <string>
+#include <utility>
 
 #include "zrsimprp/host/HeadlessPlatform.h"
 #include "zrsimprp/host/MemoryProjectDatabase.h"
@@ -35,6 +36,14 @@ class AnalysesPageTest : public ::testing::Test {
     AddStandardProject();
     UseProject();
     page_.Initialize();
+  }
+
+  // The standard project seen through another project (one that wraps db_); the one report.
+  std::string ReportOfInitializeOn(std::shared_ptr<ProjectDatabase> project) {
+    AddStandardProject();
+    CModGlobal::SetProjectDatabase(std::move(project));
+    page_.Initialize();
+    return OnlyReport();
   }
 
   std::string OnlyReport() {

@@ -3,6 +3,8 @@
 #include <cstdint>
 #include <limits>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "support/ErrorNumberOf.h"
 #include "zrsimprp/host/KeyedList.h"
@@ -10,15 +12,22 @@
 namespace zrsimprp {
 namespace {
 
+using Entries = std::vector<std::pair<std::string, std::string>>;
+
+// Every entry as (item, key), so one comparison shows the whole list when a test fails.
+Entries EntriesOf(const KeyedList& list) {
+  Entries entries;
+  for (int32_t i = 1; i <= list.Count(); ++i)
+    entries.emplace_back(std::string(list.Item(i)), std::string(list.Key(i)));
+  return entries;
+}
+
 TEST(KeyedList, EntriesCountFromOne) {
   KeyedList list;
   list.Add("12 Lines A", "12");
   list.Add("13 Lines B", "13");
   EXPECT_EQ(list.Count(), 2);
-  EXPECT_EQ(list.Item(1), "12 Lines A");
-  EXPECT_EQ(list.Key(1), "12");
-  EXPECT_EQ(list.Item(2), "13 Lines B");
-  EXPECT_EQ(list.Key(2), "13");
+  EXPECT_EQ(EntriesOf(list), (Entries{{"12 Lines A", "12"}, {"13 Lines B", "13"}}));
   EXPECT_EQ(ErrorNumberOf([&] { list.Item(0); }), 9);
   EXPECT_EQ(ErrorNumberOf([&] { list.Key(3); }), 9);
 }
@@ -37,13 +46,7 @@ TEST(KeyedList, EmptyItemsAndKeysKeepTheirPlace) {
   list.Add("", "");
   list.Add("B", "");
   list.Add("", "3");
-  EXPECT_EQ(list.Count(), 3);
-  EXPECT_EQ(list.Item(1), "");
-  EXPECT_EQ(list.Key(1), "");
-  EXPECT_EQ(list.Item(2), "B");
-  EXPECT_EQ(list.Key(2), "");
-  EXPECT_EQ(list.Item(3), "");
-  EXPECT_EQ(list.Key(3), "3");
+  EXPECT_EQ(EntriesOf(list), (Entries{{"", ""}, {"B", ""}, {"", "3"}}));
 }
 
 TEST(KeyedList, NumberedEntryShowsNumberBlankAndName) {
@@ -51,12 +54,8 @@ TEST(KeyedList, NumberedEntryShowsNumberBlankAndName) {
   list.AddNumbered(21, "Half-normal", 22);
   list.AddNumbered(-4, "", 0);
   list.AddNumbered(std::numeric_limits<int32_t>::min(), "x", std::numeric_limits<int32_t>::max());
-  EXPECT_EQ(list.Item(1), "21 Half-normal");
-  EXPECT_EQ(list.Key(1), "22");
-  EXPECT_EQ(list.Item(2), "-4 ");
-  EXPECT_EQ(list.Key(2), "0");
-  EXPECT_EQ(list.Item(3), "-2147483648 x");
-  EXPECT_EQ(list.Key(3), "2147483647");
+  EXPECT_EQ(EntriesOf(list),
+            (Entries{{"21 Half-normal", "22"}, {"-4 ", "0"}, {"-2147483648 x", "2147483647"}}));
 }
 
 TEST(KeyedList, TextsSurviveTheListGrowing) {
@@ -99,9 +98,7 @@ TEST(KeyedList, ReservingRoomChangesNoEntry) {
   list.Reserve(1000);
   list.Reserve(10);
   list.Add("2 B", "2");
-  EXPECT_EQ(list.Count(), 2);
-  EXPECT_EQ(list.Item(1), "1 A");
-  EXPECT_EQ(list.Key(2), "2");
+  EXPECT_EQ(EntriesOf(list), (Entries{{"1 A", "1"}, {"2 B", "2"}}));
 }
 
 }  // namespace
