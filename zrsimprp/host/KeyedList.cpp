@@ -35,11 +35,11 @@ void KeyedList::AppendNumber(int32_t number) {
   text_.append(digits, written.ptr);
 }
 
-const KeyedList::Entry& KeyedList::At(int32_t index) const {
+size_t KeyedList::PositionOf(int32_t index) const {
   if (index < 1 || index > Count()) {
     throw RuntimeError(error_number::kSubscriptOutOfRange, "KeyedList", "Subscript out of range");
   }
-  return entries_[static_cast<size_t>(index - 1)];
+  return static_cast<size_t>(index - 1);
 }
 
 std::string_view KeyedList::ItemAt(size_t position) const {
@@ -52,15 +52,9 @@ std::string_view KeyedList::KeyAt(size_t position) const {
   return std::string_view(text_).substr(entry.item_end, entry.key_end - entry.item_end);
 }
 
-std::string_view KeyedList::Item(int32_t index) const {
-  At(index);
-  return ItemAt(static_cast<size_t>(index - 1));
-}
+std::string_view KeyedList::Item(int32_t index) const { return ItemAt(PositionOf(index)); }
 
-std::string_view KeyedList::Key(int32_t index) const {
-  At(index);
-  return KeyAt(static_cast<size_t>(index - 1));
-}
+std::string_view KeyedList::Key(int32_t index) const { return KeyAt(PositionOf(index)); }
 
 std::string_view KeyedList::LastKeyOfItem(std::string_view item) const {
   for (size_t position = entries_.size(); position-- > 0;) {

@@ -39,7 +39,8 @@ class KeyedList {
     size_t key_end;
   };
 
-  const Entry& At(int32_t index) const;
+  // The entry's place in entries_ (error 9 when `index` names no entry).
+  size_t PositionOf(int32_t index) const;
   size_t ItemBegin(size_t position) const { return position == 0 ? 0 : entries_[position - 1].key_end; }
   std::string_view ItemAt(size_t position) const;
   std::string_view KeyAt(size_t position) const;
