@@ -4,19 +4,15 @@
 #include <sqlite3.h>
 
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 
 #include "CliFixture.h"
 #include "projectdb/GeoPackageProject.h"
 #include "projectdb/GeoPackageValidator.h"
+#include "support/FileBytes.h"
 
 namespace {
 
-std::string ReadBytes(const std::string& path) {
-  std::ifstream file(path, std::ios::binary);
-  return std::string((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
-}
+using zrsimprp::testing::FileBytes;
 
 class ProjectFileTrust : public CliFixture {
  protected:
@@ -83,7 +79,7 @@ TEST_F(ProjectFileTrust, ALayerInDegreesIsImportedWithAWarning) {
 
 TEST_F(ProjectFileTrust, AKindTheHostDoesNotDefineIsRefusedNamingTheAllowedValues) {
   const std::string project = SampleProject();
-  const std::string before = ReadBytes(project);
+  const std::string before = FileBytes(project);
   for (const std::string kind : {"0", "3", "-1", "region", "1.5", ""}) {
     Result result = ImportParks(project, kind);
     EXPECT_EQ(result.status, 2) << kind;
@@ -92,7 +88,7 @@ TEST_F(ProjectFileTrust, AKindTheHostDoesNotDefineIsRefusedNamingTheAllowedValue
               "parent layer), not '" +
                   kind + "'\n");
   }
-  EXPECT_EQ(ReadBytes(project), before);
+  EXPECT_EQ(FileBytes(project), before);
 }
 
 TEST_F(ProjectFileTrust, AStrataLayerWithoutAParentIsRefused) {
@@ -106,30 +102,30 @@ TEST_F(ProjectFileTrust, AStrataLayerWithoutAParentIsRefused) {
 
 TEST_F(ProjectFileTrust, ADesignOnALayerTheProjectLacksIsRefusedAndNothingIsWritten) {
   const std::string project = SampleProject();
-  const std::string before = ReadBytes(project);
+  const std::string before = FileBytes(project);
   Result result =
       Run({"project", "add-design", project, "--id", "9", "--name", "D", "--stratum-layer", "Lakes"});
   EXPECT_EQ(result.status, 2);
   EXPECT_EQ(result.err,
             "zrsim project add-design: The project has no layer named 'Lakes' for the design's strata; its "
             "layers are 'Study region', 'Strata'.\n");
-  EXPECT_EQ(ReadBytes(project), before);
+  EXPECT_EQ(FileBytes(project), before);
 }
 
 TEST_F(ProjectFileTrust, AFailedImportWritesNothing) {
   const std::string project = SampleProject();
-  const std::string before = ReadBytes(project);
+  const std::string before = FileBytes(project);
   Result result = Run({"project", "import-layer", project, "--from", DegreesGeoPackage(), "--table", "parks",
                        "--id-field", "park", "--name", "Strata", "--kind", "1"});
   EXPECT_EQ(result.status, 2);
   EXPECT_EQ(result.err, "zrsim project import-layer: The project already has a layer named 'Strata'.\n");
-  EXPECT_EQ(ReadBytes(project), before);
+  EXPECT_EQ(FileBytes(project), before);
 }
 
 TEST_F(ProjectFileTrust, ATruncatedFileIsOneSentenceStatusTwoAndUnchanged) {
   const std::string project = SampleProject();
   std::filesystem::resize_file(project, 3 * 1024);
-  const std::string before = ReadBytes(project);
+  const std::string before = FileBytes(project);
   Result result = Run({"project", "list", project});
   EXPECT_EQ(result.status, 2);
   EXPECT_EQ(
@@ -138,7 +134,7 @@ TEST_F(ProjectFileTrust, ATruncatedFileIsOneSentenceStatusTwoAndUnchanged) {
                        0),
       0u)
       << result.err;
-  EXPECT_EQ(ReadBytes(project), before);
+  EXPECT_EQ(FileBytes(project), before);
 }
 
 TEST_F(ProjectFileTrust, AFileThatIsNotSqliteIsOneSentenceStatusTwoAndUnchanged) {
@@ -149,17 +145,17 @@ TEST_F(ProjectFileTrust, AFileThatIsNotSqliteIsOneSentenceStatusTwoAndUnchanged)
   EXPECT_EQ(result.err, "zrsim project add-filter: cannot open the project '" + path +
                             "': The project file '" + path +
                             "' could not be read: it is not an SQLite database.\n");
-  EXPECT_EQ(ReadBytes(path), "These are notes, not a project.\n");
+  EXPECT_EQ(FileBytes(path), "These are notes, not a project.\n");
 }
 
 TEST_F(ProjectFileTrust, AGeoPackageWithoutProjectTablesIsOneSentenceStatusTwoAndUnchanged) {
   const std::string path = DegreesGeoPackage();
-  const std::string before = ReadBytes(path);
+  const std::string before = FileBytes(path);
   Result result = Run({"project", "add-filter", path, "--id", "1", "--name", "F"});
   EXPECT_EQ(result.status, 2);
   EXPECT_EQ(result.err, "zrsim project add-filter: cannot open the project '" + path + "': The file '" +
                             path + "' is a GeoPackage but not a project file: it holds no project tables.\n");
-  EXPECT_EQ(ReadBytes(path), before);
+  EXPECT_EQ(FileBytes(path), before);
 }
 
 TEST_F(ProjectFileTrust, AFileLockedByAnotherWriterIsOneSentenceStatusTwoAndUnchanged) {
@@ -167,14 +163,14 @@ TEST_F(ProjectFileTrust, AFileLockedByAnotherWriterIsOneSentenceStatusTwoAndUnch
   sqlite3* other = nullptr;
   ASSERT_EQ(sqlite3_open(project.c_str(), &other), SQLITE_OK);
   ASSERT_EQ(sqlite3_exec(other, "BEGIN IMMEDIATE", nullptr, nullptr, nullptr), SQLITE_OK);
-  const std::string before = ReadBytes(project);
+  const std::string before = FileBytes(project);
   Result result = Run({"project", "add-filter", project, "--id", "9", "--name", "F"});
   sqlite3_exec(other, "ROLLBACK", nullptr, nullptr, nullptr);
   sqlite3_close(other);
   EXPECT_EQ(result.status, 2);
   EXPECT_EQ(result.err, "zrsim project add-filter: The project file '" + project +
                             "' could not be written: another program is using the file.\n");
-  EXPECT_EQ(ReadBytes(project), before);
+  EXPECT_EQ(FileBytes(project), before);
 }
 
 }  // namespace

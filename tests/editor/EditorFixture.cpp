@@ -5,8 +5,6 @@
 #include <QLineEdit>
 #include <QSettings>
 #include <QTest>
-#include <fstream>
-#include <sstream>
 
 #include "projectdb/GeoPackageProject.h"
 #include "projectdb/SampleProject.h"
@@ -32,13 +30,6 @@ void EditorFixture::TearDown() {
 
 std::string EditorFixture::StoredDefinition(const std::string& simulation) const {
   return zrsimprp::GeoPackageProject::Open(sample_)->SimulationDefinition(simulation);
-}
-
-std::string EditorFixture::FileBytes(const std::string& path) const {
-  std::ifstream file(path, std::ios::binary);
-  std::ostringstream bytes;
-  bytes << file.rdbuf();
-  return bytes.str();
 }
 
 void EditorFixture::OpenWindow(bool read_only) {

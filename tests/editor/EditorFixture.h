@@ -34,8 +34,6 @@ class EditorFixture : public ::testing::Test {
   const std::string& Sample() const { return sample_; }
   // The definition stored in the project file now, read afresh.
   std::string StoredDefinition(const std::string& simulation = "Sample simulation") const;
-  // The project file's bytes.
-  std::string FileBytes(const std::string& path) const;
 
   // Opens the sample in a window whose messages and questions are recorded instead of shown; the
   // questions are answered from `answers_` (Go back when it runs out).

@@ -9,6 +9,7 @@
 
 #include "EditorFixture.h"
 #include "projectdb/GeoPackageProject.h"
+#include "support/FileBytes.h"
 #include "zrsim-editor/PersonalSettings.h"
 #include "zrsim-editor/ScreenshotWriter.h"
 #include "zrsim-editor/SettingsRouter.h"
@@ -20,6 +21,7 @@ using zrsim_editor::EditorDocument;
 using zrsim_editor::EditorWindow;
 using zrsim_editor::PersonalSettings;
 using zrsim_editor::SettingsRouter;
+using zrsimprp::testing::FileBytes;
 
 // Settings kept in memory that remember who wrote what.
 class RecordingSettings : public zrsimprp::ProjectSettings {

@@ -5,6 +5,7 @@
 
 #include "ProjectTestSupport.h"
 #include "projectdb/GeoPackageProject.h"
+#include "support/FileBytes.h"
 
 namespace zrsimprp::testing {
 namespace {
@@ -176,10 +177,12 @@ TEST(ProjectFile, AReadOnlyFileOpensButRefusesWritesClearly) {
   GeoPackageProject::Create(path);
   std::filesystem::permissions(path, std::filesystem::perms::owner_read);
   if (::access(path.c_str(), W_OK) == 0) GTEST_SKIP() << "running with rights that ignore file permissions";
+  const std::string before = FileBytes(path);
   auto project = GeoPackageProject::Open(path);
   const RuntimeError error = CaptureError([&] { project->SaveSimulationDefinition("S", "Reps=1;"); });
   EXPECT_EQ(error.source, "ProjectDatabase");
-  EXPECT_NE(error.description.find("the file may not be written"), std::string::npos) << error.description;
+  EXPECT_EQ(error.description, "The project file '" + path + "' is open read-only, so it cannot be changed.");
+  EXPECT_EQ(FileBytes(path), before);
 }
 
 }  // namespace

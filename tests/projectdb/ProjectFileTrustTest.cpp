@@ -7,8 +7,6 @@
 
 #include <chrono>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <limits>
 #include <thread>
 
@@ -17,6 +15,7 @@
 #include "projectdb/ProjectSchema.h"
 #include "projectdb/ProjectTestSupport.h"
 #include "projectdb/SampleProject.h"
+#include "support/FileBytes.h"
 #include "zrsimprp/host/LayerCatalogue.h"
 #include "zrsimprp/host/ProjectSettings.h"
 #include "zrsimprp/host/RecordGroup.h"
@@ -26,14 +25,10 @@ namespace zrsimprp {
 namespace {
 
 using testing::CaptureError;
+using testing::FileBytes;
 using testing::QueryInteger;
 using testing::RunSql;
 using testing::TempFolder;
-
-std::string ReadBytes(const std::string& path) {
-  std::ifstream file(path, std::ios::binary);
-  return std::string((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
-}
 
 size_t SurveyCount(GeoPackageProject& project) {
   size_t count = 0;
@@ -128,7 +123,7 @@ TEST(ProjectFormatUpgrade, AFormatOneFileIsReadWithoutBeingChanged) {
   TempFolder folder;
   const std::string path = folder.File("old.gpkg");
   WriteFormatOneProject(path);
-  const std::string before = ReadBytes(path);
+  const std::string before = FileBytes(path);
   {
     auto project = GeoPackageProject::Open(path);
     EXPECT_EQ(project->FormatVersion(), 1);
@@ -136,7 +131,7 @@ TEST(ProjectFormatUpgrade, AFormatOneFileIsReadWithoutBeingChanged) {
     EXPECT_EQ(project->Layers().size(), 2u);
     EXPECT_EQ(project->Companion()->LayerByName("Strata")->GetRows("StratumID", 0, 1)->front().size(), 3u);
   }
-  EXPECT_EQ(ReadBytes(path), before);
+  EXPECT_EQ(FileBytes(path), before);
 }
 
 TEST(ProjectFormatUpgrade, TheFirstWriteUpgradesTheFileKeepingEveryValue) {
@@ -164,14 +159,14 @@ TEST(ProjectFormatUpgrade, AFailedFirstWriteLeavesTheOldFormatUntouched) {
   TempFolder folder;
   const std::string path = folder.File("old.gpkg");
   WriteFormatOneProject(path);
-  const std::string before = ReadBytes(path);
+  const std::string before = FileBytes(path);
   {
     auto project = GeoPackageProject::Open(path);
     const RuntimeError error = CaptureError([&] { project->AddSurvey(1, "S", 1, 999); });
     EXPECT_EQ(error.description, "The survey 1 names the design 999, which the project does not have.");
     EXPECT_EQ(project->FormatVersion(), 1);
   }
-  EXPECT_EQ(ReadBytes(path), before);
+  EXPECT_EQ(FileBytes(path), before);
 }
 
 TEST(ProjectCache, ASecondProgramsChangeIsSeenByTheNextRead) {
@@ -259,13 +254,13 @@ TEST(ProjectConcurrency, ALongLockIsOneClearSentenceAndChangesNothing) {
   sqlite3* other = nullptr;
   ASSERT_EQ(sqlite3_open(path.c_str(), &other), SQLITE_OK);
   ASSERT_EQ(sqlite3_exec(other, "BEGIN IMMEDIATE", nullptr, nullptr, nullptr), SQLITE_OK);
-  const std::string before = ReadBytes(path);
+  const std::string before = FileBytes(path);
   const RuntimeError error = CaptureError([&] { project->AddDataFilter(1, "Blocked"); });
   EXPECT_EQ(error.description,
             "The project file '" + path + "' could not be written: another program is using the file.");
   sqlite3_exec(other, "ROLLBACK", nullptr, nullptr, nullptr);
   sqlite3_close(other);
-  EXPECT_EQ(ReadBytes(path), before);
+  EXPECT_EQ(FileBytes(path), before);
   EXPECT_EQ(project->DataFilterList().size(), 0u);
 }
 
@@ -276,7 +271,7 @@ TEST(ProjectConcurrency, AFileHeldExclusivelyByAnotherWriterCannotBeOpenedAndIsU
   sqlite3* other = nullptr;
   ASSERT_EQ(sqlite3_open(path.c_str(), &other), SQLITE_OK);
   ASSERT_EQ(sqlite3_exec(other, "BEGIN EXCLUSIVE", nullptr, nullptr, nullptr), SQLITE_OK);
-  const std::string before = ReadBytes(path);
+  const std::string before = FileBytes(path);
   GeoPackageProject::OpenOptions options;
   options.busy_timeout_ms = 100;
   const RuntimeError error = CaptureError([&] { GeoPackageProject::Open(path, options); });
@@ -284,14 +279,14 @@ TEST(ProjectConcurrency, AFileHeldExclusivelyByAnotherWriterCannotBeOpenedAndIsU
             "The project file '" + path + "' could not be read: another program is using the file.");
   sqlite3_exec(other, "ROLLBACK", nullptr, nullptr, nullptr);
   sqlite3_close(other);
-  EXPECT_EQ(ReadBytes(path), before);
+  EXPECT_EQ(FileBytes(path), before);
 }
 
 TEST(ProjectReadOnly, AReadOnlyProjectReadsAndRefusesChanges) {
   TempFolder folder;
   const std::string path = folder.File("p.gpkg");
   testing::MakeSmallProject(path)->SaveSimulationDefinition("Run", "Reps=1;");
-  const std::string before = ReadBytes(path);
+  const std::string before = FileBytes(path);
   GeoPackageProject::OpenOptions options;
   options.read_only = true;
   auto project = GeoPackageProject::Open(path, options);
@@ -304,7 +299,7 @@ TEST(ProjectReadOnly, AReadOnlyProjectReadsAndRefusesChanges) {
       CaptureError([&] { project->Settings()->WriteSetting(1, 0, "S", "K", Variant(int32_t{1})); });
   EXPECT_EQ(setting.description, error.description);
   project.reset();
-  EXPECT_EQ(ReadBytes(path), before);
+  EXPECT_EQ(FileBytes(path), before);
 }
 
 TEST(ProjectReadOnly, AFileThatMayNotBeWrittenOpensReadOnly) {
@@ -320,6 +315,30 @@ TEST(ProjectReadOnly, AFileThatMayNotBeWrittenOpensReadOnly) {
                                std::filesystem::perms::owner_read | std::filesystem::perms::owner_write);
 }
 
+// SQLite writes its journal beside the file, so a writable file in a closed folder cannot be changed
+// either: it opens for reading, and a save is refused before anything is touched.
+TEST(ProjectReadOnly, AFileInAFolderThatMayNotBeWrittenOpensReadOnly) {
+  if (::geteuid() == 0) GTEST_SKIP() << "file permissions do not bind the superuser";
+  namespace fs = std::filesystem;
+  TempFolder folder;
+  const fs::path closed = fs::path(folder.File("closed"));
+  fs::create_directories(closed);
+  const std::string path = (closed / "p.gpkg").string();
+  testing::MakeSmallProject(path)->SaveSimulationDefinition("Run", "Reps=1;");
+  const std::string before = FileBytes(path);
+  fs::permissions(closed, fs::perms::owner_read | fs::perms::owner_exec);
+  {
+    auto project = GeoPackageProject::Open(path);
+    EXPECT_TRUE(project->IsReadOnly());
+    EXPECT_EQ(project->SimulationDefinition("Run"), "Reps=1;");
+    const RuntimeError error = CaptureError([&] { project->SaveSimulationDefinition("Run", "Reps=2;"); });
+    EXPECT_EQ(error.description,
+              "The project file '" + path + "' is open read-only, so it cannot be changed.");
+  }
+  fs::permissions(closed, fs::perms::owner_all);
+  EXPECT_EQ(FileBytes(path), before);
+}
+
 TEST(ProjectReadOnly, AWritableFileOpensForWriting) {
   TempFolder folder;
   const std::string path = folder.File("p.gpkg");
@@ -332,14 +351,14 @@ TEST(ProjectDamage, ATruncatedFileIsOneClearSentenceAndIsNotChanged) {
   const std::string path = folder.File("cut.gpkg");
   SampleProject::Create(path);
   std::filesystem::resize_file(path, 3 * 1024);
-  const std::string before = ReadBytes(path);
+  const std::string before = FileBytes(path);
   const RuntimeError error = CaptureError([&] { GeoPackageProject::Open(path); });
   EXPECT_EQ(error.source, "ProjectDatabase");
   EXPECT_EQ(
       error.description.rfind("The project file '" + path + "' could not be read: the file is damaged", 0),
       0u)
       << error.description;
-  EXPECT_EQ(ReadBytes(path), before);
+  EXPECT_EQ(FileBytes(path), before);
 }
 
 TEST(ProjectDamage, AFileThatIsNotSqliteIsOneClearSentence) {
@@ -349,7 +368,7 @@ TEST(ProjectDamage, AFileThatIsNotSqliteIsOneClearSentence) {
   const RuntimeError error = CaptureError([&] { GeoPackageProject::Open(path); });
   EXPECT_EQ(error.description,
             "The project file '" + path + "' could not be read: it is not an SQLite database.");
-  EXPECT_EQ(ReadBytes(path), std::string(4096, 'x'));
+  EXPECT_EQ(FileBytes(path), std::string(4096, 'x'));
 }
 
 TEST(ProjectDamage, AGeoPackageWithoutProjectTablesIsOneClearSentence) {
@@ -361,11 +380,11 @@ TEST(ProjectDamage, AGeoPackageWithoutProjectTablesIsOneClearSentence) {
       "DROP TABLE zrsim_project; DROP TABLE zrsim_layers; DROP TABLE zrsim_designs; DROP TABLE zrsim_surveys;"
       "DROP TABLE zrsim_data_filters; DROP TABLE zrsim_model_definitions; DROP TABLE zrsim_simulations;"
       "DROP TABLE zrsim_settings; DROP TABLE zrsim_engine_defaults; DELETE FROM gpkg_contents;");
-  const std::string before = ReadBytes(path);
+  const std::string before = FileBytes(path);
   const RuntimeError error = CaptureError([&] { GeoPackageProject::Open(path); });
   EXPECT_EQ(error.description,
             "The file '" + path + "' is a GeoPackage but not a project file: it holds no project tables.");
-  EXPECT_EQ(ReadBytes(path), before);
+  EXPECT_EQ(FileBytes(path), before);
 }
 
 }  // namespace
