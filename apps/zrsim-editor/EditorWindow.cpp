@@ -331,7 +331,9 @@ EditorWindow::Choice EditorWindow::Ask(const std::string& text, const std::vecto
 
 void EditorWindow::UpdateTitle() {
   const QString file = QString::fromStdString(document_.Project()->Path());
-  const QString state = document_.IsReadOnly() ? tr(" (read-only)") : QStringLiteral("[*]");
+  // Edits in a read-only project are unsaved work too (Save As keeps them), so both titles carry the
+  // modified marker.
+  const QString state = (document_.IsReadOnly() ? tr(" (read-only)") : QString()) + QStringLiteral("[*]");
   setWindowTitle(QString::fromStdString(document_.SimulationName()) + QStringLiteral(" — ") + file + state +
                  QStringLiteral(" — ") + QString::fromUtf8(kTitle));
   setWindowModified(modified_);

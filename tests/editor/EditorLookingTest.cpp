@@ -213,6 +213,16 @@ TEST_F(EditorReadOnlyTest, SaveAsCopiesTheProjectAndSavesTheEditsIntoTheCopy) {
   EXPECT_TRUE(FileBytes(Sample()) == before);
 }
 
+TEST_F(EditorReadOnlyTest, TypingAValueMarksTheReadOnlyWindowModified) {
+  OpenWindow(true);
+  const QString title = window_->windowTitle();
+  EXPECT_TRUE(title.contains(QStringLiteral(" (read-only)[*]"))) << title.toStdString();
+  EXPECT_FALSE(window_->isWindowModified());
+  TypeReps("80");
+  EXPECT_TRUE(window_->IsModified());  // runs the check the typing scheduled
+  EXPECT_TRUE(window_->isWindowModified());
+}
+
 TEST_F(EditorReadOnlyTest, ClosingWithEditsOffersSaveAs) {
   OpenWindow(true);
   window_->show();
