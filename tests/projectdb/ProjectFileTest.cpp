@@ -1,11 +1,9 @@
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include <filesystem>
 
 #include "ProjectTestSupport.h"
 #include "projectdb/GeoPackageProject.h"
-#include "support/FileBytes.h"
 
 namespace zrsimprp::testing {
 namespace {
@@ -169,20 +167,6 @@ TEST(ProjectFile, OpensAProjectMarkedWithTheOlderGp10Id) {
   GeoPackageProject::Create(path);
   RunSql(path, "PRAGMA application_id = 1196437808; PRAGMA user_version = 0;");
   EXPECT_NO_THROW(GeoPackageProject::Open(path));
-}
-
-TEST(ProjectFile, AReadOnlyFileOpensButRefusesWritesClearly) {
-  TempFolder folder;
-  const std::string path = folder.File("locked.gpkg");
-  GeoPackageProject::Create(path);
-  std::filesystem::permissions(path, std::filesystem::perms::owner_read);
-  if (::access(path.c_str(), W_OK) == 0) GTEST_SKIP() << "running with rights that ignore file permissions";
-  const std::string before = FileBytes(path);
-  auto project = GeoPackageProject::Open(path);
-  const RuntimeError error = CaptureError([&] { project->SaveSimulationDefinition("S", "Reps=1;"); });
-  EXPECT_EQ(error.source, "ProjectDatabase");
-  EXPECT_EQ(error.description, "The project file '" + path + "' is open read-only, so it cannot be changed.");
-  EXPECT_EQ(FileBytes(path), before);
 }
 
 }  // namespace

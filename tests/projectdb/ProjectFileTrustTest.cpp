@@ -302,21 +302,36 @@ TEST(ProjectReadOnly, AReadOnlyProjectReadsAndRefusesChanges) {
   EXPECT_EQ(FileBytes(path), before);
 }
 
+// What a project the system will not let us write must do: open for reading, and refuse a save in
+// one sentence without touching the file. The project is MakeSmallProject's with "Run" saved.
+void ExpectOpensReadOnlyAndRefusesASave(const std::string& path) {
+  const std::string before = FileBytes(path);
+  {
+    auto project = GeoPackageProject::Open(path);
+    EXPECT_TRUE(project->IsReadOnly());
+    EXPECT_EQ(project->Layers().size(), 2u);
+    EXPECT_EQ(project->SimulationDefinition("Run"), "Reps=1;");
+    const RuntimeError error = CaptureError([&] { project->SaveSimulationDefinition("Run", "Reps=2;"); });
+    EXPECT_EQ(error.source, "ProjectDatabase");
+    EXPECT_EQ(error.description,
+              "The project file '" + path + "' is open read-only, so it cannot be changed.");
+  }
+  EXPECT_EQ(FileBytes(path), before);
+}
+
 TEST(ProjectReadOnly, AFileThatMayNotBeWrittenOpensReadOnly) {
   if (::geteuid() == 0) GTEST_SKIP() << "file permissions do not bind the superuser";
+  namespace fs = std::filesystem;
   TempFolder folder;
   const std::string path = folder.File("p.gpkg");
-  testing::MakeSmallProject(path);
-  std::filesystem::permissions(path, std::filesystem::perms::owner_read);
-  auto project = GeoPackageProject::Open(path);
-  EXPECT_TRUE(project->IsReadOnly());
-  EXPECT_EQ(project->Layers().size(), 2u);
-  std::filesystem::permissions(path,
-                               std::filesystem::perms::owner_read | std::filesystem::perms::owner_write);
+  testing::MakeSmallProject(path)->SaveSimulationDefinition("Run", "Reps=1;");
+  fs::permissions(path, fs::perms::owner_read);
+  ExpectOpensReadOnlyAndRefusesASave(path);
+  fs::permissions(path, fs::perms::owner_read | fs::perms::owner_write);
 }
 
 // SQLite writes its journal beside the file, so a writable file in a closed folder cannot be changed
-// either: it opens for reading, and a save is refused before anything is touched.
+// either.
 TEST(ProjectReadOnly, AFileInAFolderThatMayNotBeWrittenOpensReadOnly) {
   if (::geteuid() == 0) GTEST_SKIP() << "file permissions do not bind the superuser";
   namespace fs = std::filesystem;
@@ -325,18 +340,9 @@ TEST(ProjectReadOnly, AFileInAFolderThatMayNotBeWrittenOpensReadOnly) {
   fs::create_directories(closed);
   const std::string path = (closed / "p.gpkg").string();
   testing::MakeSmallProject(path)->SaveSimulationDefinition("Run", "Reps=1;");
-  const std::string before = FileBytes(path);
   fs::permissions(closed, fs::perms::owner_read | fs::perms::owner_exec);
-  {
-    auto project = GeoPackageProject::Open(path);
-    EXPECT_TRUE(project->IsReadOnly());
-    EXPECT_EQ(project->SimulationDefinition("Run"), "Reps=1;");
-    const RuntimeError error = CaptureError([&] { project->SaveSimulationDefinition("Run", "Reps=2;"); });
-    EXPECT_EQ(error.description,
-              "The project file '" + path + "' is open read-only, so it cannot be changed.");
-  }
+  ExpectOpensReadOnlyAndRefusesASave(path);
   fs::permissions(closed, fs::perms::owner_all);
-  EXPECT_EQ(FileBytes(path), before);
 }
 
 TEST(ProjectReadOnly, AWritableFileOpensForWriting) {
