@@ -12,7 +12,8 @@ WERROR     ?= -DZRSIMPRP_WARNINGS_AS_ERRORS=ON
 LAUNCHER   ?= $(if $(shell command -v ccache 2>/dev/null),-DCMAKE_CXX_COMPILER_LAUNCHER=ccache)
 SCREENSHOTS ?= $(CURDIR)/out/screenshots
 
-.PHONY: all deps configure build run test test-sanitize fuzz-smoke release-check bench package clean
+.PHONY: all deps configure build run test test-sanitize fuzz-smoke release-check bench package clean \
+        format format-check
 
 all: build
 
@@ -75,6 +76,13 @@ bench: deps $(RELEASE_BUILD)/build.ninja
 package: deps $(RELEASE_BUILD)/build.ninja
 	cmake --build $(RELEASE_BUILD) -j $(JOBS)
 	cd $(RELEASE_BUILD) && cpack -G DEB
+
+# Every C++ source as clang-format 14 writes it with the repository's .clang-format.
+format-check: deps
+	@bash scripts/check-format.sh
+
+format: deps
+	@bash scripts/check-format.sh --fix
 
 clean:
 	rm -rf $(BUILD) $(ASAN_BUILD) $(FUZZ_BUILD) $(RELEASE_BUILD) out

@@ -41,11 +41,11 @@
 
 #include "zrsimprp/control/SIMProperties.h"
 #include "zrsimprp/host/MemoryProjectDatabase.h"
+#include "zrsimprp/modules/CModGlobal.h"
 #include "zrsimprp/qt/DensityMapPanel.h"
 #include "zrsimprp/qt/GridCellColors.h"
-#include "zrsimprp/qt/StrataMapPanel.h"
-#include "zrsimprp/modules/CModGlobal.h"
 #include "zrsimprp/qt/SIMPropertiesWidget.h"
+#include "zrsimprp/qt/StrataMapPanel.h"
 
 namespace {
 

@@ -33,7 +33,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     Entry entry;
     try {
       codec.ReadNextEntry(text, entry.key, entry.value, entry.names, entry.values, entry.count);
-      Check(entry.count == 0 ? entry.values.size() == 1 : entry.values.size() == static_cast<size_t>(entry.count));
+      Check(entry.count == 0 ? entry.values.size() == 1
+                             : entry.values.size() == static_cast<size_t>(entry.count));
       entries.push_back(entry);
     } catch (const zrsimprp::RuntimeError&) {
     }
@@ -43,7 +44,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   for (bool line_breaks : {false, true}) {
     std::string written;
     for (Entry& entry : entries) {
-      codec.AppendEntry(written, entry.key, entry.value, entry.names, entry.values, entry.count, 0, line_breaks);
+      codec.AppendEntry(written, entry.key, entry.value, entry.names, entry.values, entry.count, 0,
+                        line_breaks);
     }
     for (const Entry& expected : entries) {
       Entry read;

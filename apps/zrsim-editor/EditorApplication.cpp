@@ -6,7 +6,6 @@
 #include <iostream>
 #include <memory>
 
-#include "zrsimprp/qt/DarkPalette.h"
 #include "zrsim-editor/EditorArguments.h"
 #include "zrsim-editor/EditorDocument.h"
 #include "zrsim-editor/EditorError.h"
@@ -15,6 +14,7 @@
 #include "zrsim-editor/ProcessClock.h"
 #include "zrsim-editor/ScreenshotWriter.h"
 #include "zrsimprp/Version.h"
+#include "zrsimprp/qt/DarkPalette.h"
 
 namespace zrsim_editor {
 

@@ -163,8 +163,8 @@ void EditorWindow::AfterTabSwitch() {
 
 std::string EditorWindow::ShownPageName() const {
   // The names `zrsim check` gives the pages, so that the editor's line reads as its report does.
-  static const char* const kOuterPages[] = {"Simulation", "Density", "Population", "Detectability", "Analysis",
-                                           "Misc"};
+  static const char* const kOuterPages[] = {"Simulation",    "Density",  "Population",
+                                            "Detectability", "Analysis", "Misc"};
   const int outer = properties_->CurrentOuterTab();
   if (outer == 2) return properties_->CurrentInnerTab() == 2 ? "Covariates" : "General";
   return outer >= 0 && outer < 6 ? kOuterPages[outer] : "shown";
@@ -228,7 +228,8 @@ bool EditorWindow::Apply() {
   // Asked before saving; a save by someone else after the answer is still caught by the save itself.
   bool overwrite = false;
   if (!text.empty() && document_.ChangedElsewhere()) {
-    if (Ask(kChangedElsewhereQuestion, {Choice::kOverwrite, Choice::kGoBack}) != Choice::kOverwrite) return false;
+    if (Ask(kChangedElsewhereQuestion, {Choice::kOverwrite, Choice::kGoBack}) != Choice::kOverwrite)
+      return false;
     overwrite = true;
   }
   EditorDocument::SaveOutcome outcome = document_.Save(text, overwrite);

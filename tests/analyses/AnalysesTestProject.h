@@ -6,12 +6,12 @@
 #include <string>
 #include <utility>
 
+#include "support/ErrorNumberOf.h"
 #include "zrsimprp/host/HeadlessPlatform.h"
 #include "zrsimprp/host/MemoryProjectDatabase.h"
 #include "zrsimprp/host/RuntimeError.h"
 #include "zrsimprp/modules/CModGlobal.h"
 #include "zrsimprp/pages/CPagAnalyses/CPagAnalyses.h"
-#include "support/ErrorNumberOf.h"
 
 namespace zrsimprp {
 

@@ -188,7 +188,8 @@ TEST_F(EditorReadOnlyTest, StorageRefusesWritesWithAMessageNotACrash) {
     project->SaveSimulationDefinition("Sample simulation", "Engine=SIM;");
     FAIL() << "a read-only project took a write";
   } catch (const zrsimprp::RuntimeError& error) {
-    EXPECT_NE(error.description.find("is open read-only, so it cannot be changed"), std::string::npos) << error.description;
+    EXPECT_NE(error.description.find("is open read-only, so it cannot be changed"), std::string::npos)
+        << error.description;
   }
   EXPECT_FALSE(zrsimprp::GeoPackageProject::Open(Sample())->IsReadOnly());
 }

@@ -16,9 +16,9 @@
 #include <QTextBrowser>
 
 #include "EditorFixture.h"
-#include "zrsimprp/qt/DarkPalette.h"
 #include "zrsim-editor/HelpBrowser.h"
 #include "zrsimprp/control/SIMProperties.h"
+#include "zrsimprp/qt/DarkPalette.h"
 #include "zrsimprp/qt/GridCellColors.h"
 #include "zrsimprp/qt/GridTableModel.h"
 #include "zrsimprp/qt/InputToolTips.h"
@@ -162,9 +162,10 @@ TEST_F(EditorViewTest, InnerTabBarStaysOnTheRefusingPageWhileItsMessageIsShown) 
   QTabBar* inner = Properties().InnerTabBar();
   QTest::mouseClick(inner, Qt::LeftButton, Qt::NoModifier, inner->tabRect(1).center());
   ASSERT_EQ(shown_.size(), 1u);
-  EXPECT_EQ(shown_[0].text,
-            "There is a blank cell in the column of the population size table for strata 'North'.  Please enter a "
-            "value in that cell.");
+  EXPECT_EQ(
+      shown_[0].text,
+      "There is a blank cell in the column of the population size table for strata 'North'.  Please enter a "
+      "value in that cell.");
   EXPECT_EQ(bar_during_message, std::vector<int>{0});
   EXPECT_EQ(inner->currentIndex(), 0);
   EXPECT_EQ(Properties().CurrentInnerTab(), 1);

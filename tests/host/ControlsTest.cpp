@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "support/ErrorNumberOf.h"
 #include "zrsimprp/host/Button.h"
 #include "zrsimprp/host/CaptionedControl.h"
 #include "zrsimprp/host/Chart.h"
@@ -16,7 +17,6 @@
 #include "zrsimprp/host/TabControl.h"
 #include "zrsimprp/host/TabStrip.h"
 #include "zrsimprp/host/TextBox.h"
-#include "support/ErrorNumberOf.h"
 
 namespace zrsimprp {
 namespace {
@@ -318,7 +318,8 @@ TEST(Grid, ChangesAreNotifiedToTheView) {
 TEST(TabControl, ChangeFromCodeRunsBeforeAndAfterHandlersLikeAClick) {
   TabControl tabs({"&Simulation", "&Density", "&Population"});
   std::vector<std::string> events;
-  tabs.SetBeforeChangeHandler([&](int& new_index) { events.push_back("before " + std::to_string(new_index)); });
+  tabs.SetBeforeChangeHandler(
+      [&](int& new_index) { events.push_back("before " + std::to_string(new_index)); });
   tabs.SetAfterChangeHandler([&](int new_index) { events.push_back("after " + std::to_string(new_index)); });
   EXPECT_TRUE(tabs.SetCurrentTab(2));
   EXPECT_FALSE(tabs.SetCurrentTab(2));  // already current: no event

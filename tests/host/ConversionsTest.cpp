@@ -5,9 +5,9 @@
 #include <string>
 #include <vector>
 
+#include "support/ErrorNumberOf.h"
 #include "zrsimprp/host/Conversions.h"
 #include "zrsimprp/host/RuntimeError.h"
-#include "support/ErrorNumberOf.h"
 
 namespace zrsimprp {
 namespace {

@@ -20,7 +20,8 @@ struct Read {
 
 Read ReadOne(std::string& text) {
   Read read;
-  DefinitionEntryCodec::Instance().ReadNextEntry(text, read.key, read.value, read.names, read.values, read.count);
+  DefinitionEntryCodec::Instance().ReadNextEntry(text, read.key, read.value, read.names, read.values,
+                                                 read.count);
   return read;
 }
 
@@ -37,7 +38,8 @@ TEST(DefinitionEntryCodec, WritesBareAndQuotedTokens) {
   EXPECT_EQ(Append("Transects", "Survey", {"ObjectID"}, {"3"}, false), "Transects=Survey /ObjectID=3;");
   EXPECT_EQ(Append("Density", "Simple", {"Formula", "GridSpace"}, {"= -100 + x*1.02 + y*1.15", "10"}, false),
             "Density=Simple /Formula=\"= -100 + x*1.02 + y*1.15\" /GridSpace=10;");
-  EXPECT_EQ(Append("Hotspot", "", {"X,Y,Sig,Amp"}, {"10,20,5,2"}, false), "Hotspot=\"\" /X,Y,Sig,Amp=10,20,5,2;");
+  EXPECT_EQ(Append("Hotspot", "", {"X,Y,Sig,Amp"}, {"10,20,5,2"}, false),
+            "Hotspot=\"\" /X,Y,Sig,Amp=10,20,5,2;");
   EXPECT_EQ(Append("PopSize", "Poisson N", {}, {}, true), "PopSize=\"Poisson N\";\r\n");
   EXPECT_EQ(Append("Say", "a \"b\"", {}, {}, false), "Say=\"a \"\"b\"\"\";");
 }
@@ -93,9 +95,15 @@ TEST(DefinitionEntryCodec, AnEntryMayEndAtTheEndOfTheTextAndHaveEmptyValues) {
 
 TEST(DefinitionEntryCodec, MalformedTextRaisesAndStillShortensTheText) {
   const std::vector<std::string> malformed = {
-      "Reps;Density=Uniform;",    "=5;Density=Uniform;",     "Reps=\"unterminated",
-      "Reps=5 6;Density=Uniform;", "Reps=\"5\"x;Density=Uniform;", "a=b /=c;Density=Uniform;",
-      "a=b /c;Density=Uniform;",  ";;",                      "/",
+      "Reps;Density=Uniform;",
+      "=5;Density=Uniform;",
+      "Reps=\"unterminated",
+      "Reps=5 6;Density=Uniform;",
+      "Reps=\"5\"x;Density=Uniform;",
+      "a=b /=c;Density=Uniform;",
+      "a=b /c;Density=Uniform;",
+      ";;",
+      "/",
       "a\"b\"=1;",
   };
   for (const std::string& bad : malformed) {
@@ -135,7 +143,9 @@ TEST(DefinitionEntryCodec, MissingEqualsMessageNamesTheKey) {
     ReadOne(text);
     FAIL();
   } catch (const RuntimeError& error) {
-    EXPECT_EQ(error.description, "Malformed definition entry: \"=\" is missing after the key \"Reps\" at character 6 of \"Reps 5;\"");
+    EXPECT_EQ(
+        error.description,
+        "Malformed definition entry: \"=\" is missing after the key \"Reps\" at character 6 of \"Reps 5;\"");
   }
 }
 

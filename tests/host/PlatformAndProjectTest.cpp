@@ -68,7 +68,11 @@ std::shared_ptr<MemoryProjectDatabase> SmallProject() {
   db->AddSurvey(10, "Survey A", 1, 1);
   db->AddSurvey(11, "Survey B", 2, 1, 1);
   db->AddLayer({"Region", 1, "", "ID", "", {Variant(int32_t{1})}, {}});
-  db->AddLayer({"Strata", 2, "Region", "ID", "Label",
+  db->AddLayer({"Strata",
+                2,
+                "Region",
+                "ID",
+                "Label",
                 {Variant(int32_t{1}), Variant(int32_t{2})},
                 {Variant(std::string("North")), Variant(std::string("South"))}});
   db->AddDataFilter(3, "Default");
@@ -174,7 +178,8 @@ TEST(MemoryProjectDatabase, FeatureByIDOfAnUnknownIdentifierNamesLayerAndIdentif
 TEST(MemoryProjectDatabase, SettingsKeepValuesAndRecordWrites) {
   auto db = SmallProject();
   auto settings = db->Settings();
-  EXPECT_EQ(VariantToText(settings->ReadSetting(0, 2, "SIMProperties", "CurrentTab", Variant(int16_t{0}))), "0");
+  EXPECT_EQ(VariantToText(settings->ReadSetting(0, 2, "SIMProperties", "CurrentTab", Variant(int16_t{0}))),
+            "0");
   settings->WriteSetting(0, 2, "SIMProperties", "CurrentTab", Variant(int16_t{4}));
   EXPECT_EQ(VariantToText(settings->ReadSetting(0, 2, "simproperties", "currenttab", Variant())), "4");
   ASSERT_EQ(db->SettingWrites().size(), 1u);

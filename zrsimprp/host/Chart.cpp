@@ -26,7 +26,8 @@ void Chart::SetYAxis(const Axis& axis) {
 }
 
 void Chart::SetDataGridSize(int row_label_count, int column_label_count, int rows, int cols) {
-  if (rows < 0 || cols < 0) throw RuntimeError(error_number::kInvalidPropertyValue, "Chart", "Invalid property value");
+  if (rows < 0 || cols < 0)
+    throw RuntimeError(error_number::kInvalidPropertyValue, "Chart", "Invalid property value");
   row_label_count_ = row_label_count;
   column_label_count_ = column_label_count;
   rows_ = rows;

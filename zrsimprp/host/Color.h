@@ -15,7 +15,9 @@ struct Color {
   uint8_t blue = 255;
   SystemColorRole role = SystemColorRole::kNone;
 
-  static constexpr Color Rgb(uint8_t r, uint8_t g, uint8_t b) { return Color{r, g, b, SystemColorRole::kNone}; }
+  static constexpr Color Rgb(uint8_t r, uint8_t g, uint8_t b) {
+    return Color{r, g, b, SystemColorRole::kNone};
+  }
   static constexpr Color System(SystemColorRole role) {
     return role == SystemColorRole::kButtonFace ? Color{240, 240, 240, role} : Color{255, 255, 255, role};
   }

@@ -1,12 +1,13 @@
 #include "zrsimprp/host/Conversions.h"
 
+#include <locale.h>
+
 #include <cerrno>
 #include <charconv>
 #include <clocale>
 #include <cmath>
 #include <cstdlib>
 #include <limits>
-#include <locale.h>
 
 #include "zrsimprp/host/RuntimeError.h"
 

@@ -107,7 +107,8 @@ void ParseEntry(EntryParser& parser, DefinitionEntry& entry) {
   if (!parser.ReadToken(entry.key)) parser.Fail("a key is missing");
   ExpectSeparatorAfterToken(parser);
   parser.SkipWhiteSpace();
-  if (parser.AtEnd() || parser.Peek() != '=') parser.Fail("\"=\" is missing after the key \"" + entry.key + "\"");
+  if (parser.AtEnd() || parser.Peek() != '=')
+    parser.Fail("\"=\" is missing after the key \"" + entry.key + "\"");
   parser.Advance();
   parser.SkipWhiteSpace();
   parser.ReadToken(entry.value);
@@ -120,7 +121,8 @@ void ParseEntry(EntryParser& parser, DefinitionEntry& entry) {
       parser.Advance();
       break;
     }
-    if (parser.Peek() != '/') parser.Fail("\";\" or \"/\" is missing after the value of \"" + entry.key + "\"");
+    if (parser.Peek() != '/')
+      parser.Fail("\";\" or \"/\" is missing after the value of \"" + entry.key + "\"");
     parser.Advance();
     parser.SkipWhiteSpace();
     if (entry.field_names.size() <= count) entry.field_names.emplace_back();

@@ -17,7 +17,8 @@ RuntimeError ValueError() {
 
 }  // namespace
 
-Grid::Grid(int rows, int cols, int fixed_rows, int fixed_cols) : fixed_rows_(fixed_rows), fixed_cols_(fixed_cols) {
+Grid::Grid(int rows, int cols, int fixed_rows, int fixed_cols)
+    : fixed_rows_(fixed_rows), fixed_cols_(fixed_cols) {
   SetCols(cols);
   SetRows(rows);
   row_ = std::min(fixed_rows, Rows() - 1);

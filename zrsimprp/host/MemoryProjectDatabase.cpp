@@ -55,7 +55,8 @@ using Database = MemoryProjectDatabase;
 
 class MemoryDesign : public DesignRecord {
  public:
-  MemoryDesign(int32_t id, std::string name, std::string text) : id_(id), name_(std::move(name)), text_(std::move(text)) {}
+  MemoryDesign(int32_t id, std::string name, std::string text)
+      : id_(id), name_(std::move(name)), text_(std::move(text)) {}
   int32_t ID() override { return id_; }
   std::string Name() override { return name_; }
   std::string DefinitionText() override { return text_; }
@@ -155,7 +156,10 @@ class MemoryLayer : public Layer {
  public:
   MemoryLayer(std::shared_ptr<Database> database, std::shared_ptr<Database::State> state,
               std::shared_ptr<LayerEntry> entry)
-      : database_(std::move(database)), state_(std::move(state)), entry_(std::move(entry)), data_(entry_->data) {}
+      : database_(std::move(database)),
+        state_(std::move(state)),
+        entry_(std::move(entry)),
+        data_(entry_->data) {}
 
   std::string Name() override { return data_.name; }
   int32_t Kind() override { return data_.kind; }
@@ -175,7 +179,8 @@ class MemoryLayer : public Layer {
     return std::make_shared<MemoryTable>(data_.id_field, data_.label_field);
   }
 
-  std::optional<std::vector<std::vector<Variant>>> GetRows(const std::string& fields, int32_t, int32_t) override {
+  std::optional<std::vector<std::vector<Variant>>> GetRows(const std::string& fields, int32_t,
+                                                           int32_t) override {
     database_->Touch("GetRows", "Layer");
     std::vector<std::vector<Variant>> rows;
     for (const std::string& field : Split(fields, ',')) {
@@ -336,7 +341,8 @@ void MemoryProjectDatabase::SetDefaultDefinition(const std::string& engine, cons
   state_->defaults[ToLowerAscii(engine)] = definition;
 }
 
-void MemoryProjectDatabase::SetSetting(const std::string& section, const std::string& key, const Variant& value) {
+void MemoryProjectDatabase::SetSetting(const std::string& section, const std::string& key,
+                                       const Variant& value) {
   state_->settings[SettingKey{ToLowerAscii(section), ToLowerAscii(key)}] = value;
 }
 
@@ -357,7 +363,8 @@ Variant MemoryProjectDatabase::StoredSetting(const std::string& section, const s
 void MemoryProjectDatabase::Touch(const std::string& operation, const std::string& source) {
   ++calls_[operation];
   if (failing_.count(operation) != 0) {
-    throw RuntimeError(error_number::kInvalidProcedureCall, source, operation + " failed (injected by the test)");
+    throw RuntimeError(error_number::kInvalidProcedureCall, source,
+                       operation + " failed (injected by the test)");
   }
 }
 
@@ -366,7 +373,8 @@ const MemoryProjectDatabase::LayerData* MemoryProjectDatabase::FindLayer(const s
   return it == state_->layers.end() ? nullptr : &it->second->data;
 }
 
-void MemoryProjectDatabase::SetLayerShapes(const std::string& layer, std::vector<std::vector<MapPolygon>> shapes,
+void MemoryProjectDatabase::SetLayerShapes(const std::string& layer,
+                                           std::vector<std::vector<MapPolygon>> shapes,
                                            CoordinateReference reference) {
   shapes_[ToLowerAscii(layer)] = {std::move(shapes), std::move(reference)};
 }
@@ -419,7 +427,8 @@ std::vector<std::shared_ptr<RecordGroup<DesignRecord>>> MemoryProjectDatabase::D
   std::vector<std::shared_ptr<RecordGroup<DesignRecord>>>& groups = state_->design_group_objects;
   if (groups.size() != state_->design_groups.size()) {
     groups.clear();
-    for (const auto& records : state_->design_groups) groups.push_back(std::make_shared<MemoryGroup<DesignRecord>>(records));
+    for (const auto& records : state_->design_groups)
+      groups.push_back(std::make_shared<MemoryGroup<DesignRecord>>(records));
   }
   return groups;
 }
@@ -429,7 +438,8 @@ std::vector<std::shared_ptr<RecordGroup<SurveyRecord>>> MemoryProjectDatabase::S
   std::vector<std::shared_ptr<RecordGroup<SurveyRecord>>>& groups = state_->survey_group_objects;
   if (groups.size() != state_->survey_groups.size()) {
     groups.clear();
-    for (const auto& records : state_->survey_groups) groups.push_back(std::make_shared<MemoryGroup<SurveyRecord>>(records));
+    for (const auto& records : state_->survey_groups)
+      groups.push_back(std::make_shared<MemoryGroup<SurveyRecord>>(records));
   }
   return groups;
 }

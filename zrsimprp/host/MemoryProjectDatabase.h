@@ -22,7 +22,7 @@ class MemoryProjectDatabase : public ProjectDatabase,
   struct LayerData {
     std::string name;
     int32_t kind = 0;
-    std::string parent;       // "" for none
+    std::string parent;  // "" for none
     std::string id_field = "ID";
     std::string label_field;  // "" for no label field
     std::vector<Variant> ids;
@@ -89,7 +89,7 @@ class MemoryProjectDatabase : public ProjectDatabase,
   };
 
   std::shared_ptr<State> state_;
-  std::map<std::string, LayerShapesData> shapes_;  // by lower-case layer name
+  std::map<std::string, LayerShapesData> shapes_;                               // by lower-case layer name
   std::map<std::pair<std::string, std::string>, std::vector<Variant>> fields_;  // lower-case layer, field
   std::set<std::string> failing_;
   std::map<std::string, int> calls_;

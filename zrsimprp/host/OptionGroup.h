@@ -23,7 +23,7 @@ class OptionGroup : public Control {
 
   int Count() const { return static_cast<int>(buttons_.size()); }
   int Selected() const { return selected_; }  // -1: none is on
-  bool Value(int index) const;                 // error 340 for a missing button
+  bool Value(int index) const;                // error 340 for a missing button
   OptionButton& Button(int index);
   const OptionButton& Button(int index) const;
 

@@ -6,7 +6,8 @@ namespace zrsimprp {
 
 const std::string& TabControl::Caption(int index) const {
   if (index < 0 || index >= TabCount()) {
-    throw RuntimeError(error_number::kInvalidPropertyArrayIndex, "TabControl", "Invalid property array index");
+    throw RuntimeError(error_number::kInvalidPropertyArrayIndex, "TabControl",
+                       "Invalid property array index");
   }
   return captions_[static_cast<size_t>(index)];
 }

@@ -27,7 +27,9 @@ class TabStrip : public Control {
   const std::string& SelectedKey() const { return Key(selected_); }
   void Select(int index);  // error 381 outside 1..TabCount()
 
-  void SetClickHandler(std::function<void(const std::string& key)> handler) { on_click_ = std::move(handler); }
+  void SetClickHandler(std::function<void(const std::string& key)> handler) {
+    on_click_ = std::move(handler);
+  }
   bool UserClickTab(int index);
 
  private:

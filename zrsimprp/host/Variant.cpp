@@ -15,21 +15,19 @@ Overloaded(Ts...) -> Overloaded<Ts...>;
 }  // namespace
 
 std::string VariantToText(const Variant& value) {
-  return std::visit(Overloaded{[](std::monostate) { return std::string(); },
-                               [](bool b) { return BooleanText(b); },
-                               [](int16_t i) { return std::to_string(i); },
-                               [](int32_t i) { return std::to_string(i); },
-                               [](double d) { return DoubleText(d); },
-                               [](const std::string& s) { return s; }},
-                    value);
+  return std::visit(
+      Overloaded{[](std::monostate) { return std::string(); }, [](bool b) { return BooleanText(b); },
+                 [](int16_t i) { return std::to_string(i); }, [](int32_t i) { return std::to_string(i); },
+                 [](double d) { return DoubleText(d); }, [](const std::string& s) { return s; }},
+      value);
 }
 
 bool VariantToBoolean(const Variant& value) {
-  return std::visit(Overloaded{[](std::monostate) { return false; }, [](bool b) { return b; },
-                               [](int16_t i) { return i != 0; }, [](int32_t i) { return i != 0; },
-                               [](double d) { return d != 0.0; },
-                               [](const std::string& s) { return ToBoolean(s); }},
-                    value);
+  return std::visit(
+      Overloaded{[](std::monostate) { return false; }, [](bool b) { return b; },
+                 [](int16_t i) { return i != 0; }, [](int32_t i) { return i != 0; },
+                 [](double d) { return d != 0.0; }, [](const std::string& s) { return ToBoolean(s); }},
+      value);
 }
 
 double VariantToDouble(const Variant& value) {

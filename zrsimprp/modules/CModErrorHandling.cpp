@@ -9,9 +9,9 @@ std::string CModErrorHandling::InternalErrorText(const std::string& component_na
                                                  const std::string& routine_name, const RuntimeError& error) {
   const std::string crlf = "\r\n";
   return "The following internal error has occured in Pellunar:" + crlf + crlf + error.description + crlf +
-         crlf + "(Error raised from: " + component_name + "." + module_name + "." + routine_name + ")" + crlf +
-         "(Error source: " + error.source + ")" + crlf + "(Error number: " + std::to_string(error.number) +
-         ")" + crlf + crlf +
+         crlf + "(Error raised from: " + component_name + "." + module_name + "." + routine_name + ")" +
+         crlf + "(Error source: " + error.source + ")" + crlf +
+         "(Error number: " + std::to_string(error.number) + ")" + crlf + crlf +
          "If you suspect that this error is caused by a bug in the program, "
          "please note down all of the above information and contact the program authors." +
          crlf + crlf + "Press Ok and Pellunar will try to recover from the error." + crlf +
@@ -41,7 +41,8 @@ std::optional<RuntimeError> CModErrorHandling::TakeLastCheckError() {
   return error;
 }
 
-bool CModErrorHandling::RunPageChecks(std::string& message, const std::function<std::string()>& first_failure) {
+bool CModErrorHandling::RunPageChecks(std::string& message,
+                                      const std::function<std::string()>& first_failure) {
   std::string failure;
   if (!RunTrapped([&] { failure = first_failure(); },
                   [](const RuntimeError& error) { LastCheckError() = error; })) {
