@@ -10,6 +10,10 @@ CMAKE_ARGS ?=
 WERROR     ?= -DZRSIMPRP_WARNINGS_AS_ERRORS=ON
 # ccache where it is installed: the release check and the sanitizer build share little else.
 LAUNCHER   ?= $(if $(shell command -v ccache 2>/dev/null),-DCMAKE_CXX_COMPILER_LAUNCHER=ccache)
+# Paths below the checkout's parent folder are hashed relative to the build folder, so that two
+# clones of the repository (a worktree, a fresh clone for CI) share what ccache has compiled.
+export CCACHE_BASEDIR ?= $(abspath $(CURDIR)/..)
+export CCACHE_NOHASHDIR ?= 1
 SCREENSHOTS ?= $(CURDIR)/out/screenshots
 
 .PHONY: all deps configure build run test test-sanitize fuzz-smoke release-check bench package clean \
