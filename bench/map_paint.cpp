@@ -8,7 +8,7 @@
 
 #include "bench/MapBenchLayers.h"
 #include "zrsimprp/map/DensityMapBuilder.h"
-#include "zrsimprp/qt/MapPainter.h"
+#include "zrsimprp/qt/map/MapPainter.h"
 
 namespace zrsimprp {
 namespace {

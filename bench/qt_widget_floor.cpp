@@ -42,10 +42,10 @@
 #include "zrsimprp/control/SIMProperties.h"
 #include "zrsimprp/host/MemoryProjectDatabase.h"
 #include "zrsimprp/modules/CModGlobal.h"
-#include "zrsimprp/qt/DensityMapPanel.h"
-#include "zrsimprp/qt/GridCellColors.h"
 #include "zrsimprp/qt/SIMPropertiesWidget.h"
-#include "zrsimprp/qt/StrataMapPanel.h"
+#include "zrsimprp/qt/grid/GridCellColors.h"
+#include "zrsimprp/qt/map/DensityMapPanel.h"
+#include "zrsimprp/qt/map/StrataMapPanel.h"
 
 namespace {
 

@@ -24,7 +24,8 @@ install(TARGETS ${zrsimprp_exported} EXPORT ZrSIMPrpTargets
   LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT development
   INCLUDES DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
 
-# Public headers keep their paths: #include "zrsimprp/control/SIMProperties.h".
+# Public headers keep their paths, sub-folders included: #include "zrsimprp/control/SIMProperties.h",
+# "zrsimprp/qt/binders/GridBinder.h".
 set(header_folders zrsimprp/host zrsimprp/modules zrsimprp/pages zrsimprp/control zrsimprp/lint
                    zrsimprp/map)
 if(ZRSIMPRP_HAS_WIDGETS)

@@ -14,6 +14,7 @@
 namespace zrsimprp {
 
 class ProjectLayerSnapshot;
+class ProjectReadCache;
 class SqliteConnection;
 class SqliteStatement;
 
@@ -153,18 +154,13 @@ class GeoPackageProject : public ProjectDatabase,
   std::shared_ptr<ProjectLayerSnapshot> LayerSnapshot(const std::string& name);
 
  private:
-  struct Cache;
-
   GeoPackageProject(std::string path, std::unique_ptr<SqliteConnection> connection, int format_version);
-  // What was read, emptied first when another program has committed to the file since.
-  Cache& Current();
 
   std::string path_;
   std::unique_ptr<SqliteConnection> connection_;
   int format_version_;
   bool read_only_;
-  std::unique_ptr<Cache> cache_;
-  int64_t cache_data_version_ = -1;
+  std::unique_ptr<ProjectReadCache> cache_;
 };
 
 }  // namespace zrsimprp

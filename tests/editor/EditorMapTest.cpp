@@ -2,8 +2,8 @@
 
 #include "EditorFixture.h"
 #include "zrsimprp/map/MapModel.h"
-#include "zrsimprp/qt/DensityMapPanel.h"
 #include "zrsimprp/qt/SIMPropertiesWidget.h"
+#include "zrsimprp/qt/map/DensityMapPanel.h"
 
 namespace {
 

@@ -19,9 +19,9 @@
 #include "zrsim-editor/HelpBrowser.h"
 #include "zrsimprp/control/SIMProperties.h"
 #include "zrsimprp/qt/DarkPalette.h"
-#include "zrsimprp/qt/GridCellColors.h"
-#include "zrsimprp/qt/GridTableModel.h"
 #include "zrsimprp/qt/InputToolTips.h"
+#include "zrsimprp/qt/grid/GridCellColors.h"
+#include "zrsimprp/qt/grid/GridTableModel.h"
 
 namespace {
 
@@ -90,12 +90,13 @@ TEST_F(EditorViewTest, TheRefusedFieldIsFramedUntilItsValueChanges) {
   EXPECT_EQ(Properties().MarkedField(), nullptr);
 }
 
-TEST_F(EditorViewTest, TheRefusedGridCellIsMadeCurrentAndFramed) {
+TEST_F(EditorViewTest, TheRefusedGridCellIsFramedWithoutBecomingCurrent) {
   OpenWindow();
   ShowActive();
   Properties().ShowOuterTab(1);
   zrsimprp::CPagDensity& density = Properties().Control().pagDensity;
   density.flxHotspots.SetTextMatrix(2, 1, "");
+  const int chosen_row = density.flxHotspots.Row();
   Properties().RefreshNow();
   QTabBar* bar = Properties().OuterTabBar();
   QTest::mouseClick(bar, Qt::LeftButton, Qt::NoModifier, bar->tabRect(0).center());
@@ -110,11 +111,71 @@ TEST_F(EditorViewTest, TheRefusedGridCellIsMadeCurrentAndFramed) {
   EXPECT_EQ(grid->accessibleName(), QStringLiteral("Hotspots"));
   EXPECT_EQ(Properties().MarkedCell().row(), 2);
   EXPECT_EQ(Properties().MarkedCell().column(), 1);
-  EXPECT_EQ(grid->currentIndex(), Properties().MarkedCell());
+  // The frame is the view's alone: the grid's cursor stays where the person left it.
+  EXPECT_EQ(density.flxHotspots.Row(), chosen_row);
+  EXPECT_EQ(grid->currentIndex().row(), chosen_row);
   // Typing the missing value takes the mark away.
   density.flxHotspots.SetTextMatrix(2, 1, "450");
   Properties().RefreshNow();
   EXPECT_EQ(Properties().MarkedField(), nullptr);
+}
+
+TEST_F(EditorViewTest, RemovingAHotspotAfterARefusalRemovesTheRowThePersonChose) {
+  OpenWindow();
+  ShowActive();
+  Properties().ShowOuterTab(1);
+  zrsimprp::CPagDensity& density = Properties().Control().pagDensity;
+  ASSERT_EQ(density.flxHotspots.Rows(), 3);
+  const std::string first_x = density.flxHotspots.TextMatrix(1, 0);
+  const std::string second_x = density.flxHotspots.TextMatrix(2, 0);
+  QAbstractItemView* grid = nullptr;
+  for (auto* view : Properties().findChildren<QAbstractItemView*>()) {
+    if (view->accessibleName() == QStringLiteral("Hotspots")) grid = view;
+  }
+  ASSERT_NE(grid, nullptr);
+  ShownArea()->ensureWidgetVisible(grid);
+
+  // The person chooses the first hotspot.
+  const QModelIndex chosen = grid->model()->index(1, 0);
+  QTest::mouseClick(grid->viewport(), Qt::LeftButton, Qt::NoModifier, grid->visualRect(chosen).center());
+  Properties().RefreshNow();
+  ASSERT_EQ(density.flxHotspots.Row(), 1);
+
+  // The second hotspot's sigma is refused when the person leaves the tab.
+  density.flxHotspots.SetTextMatrix(2, 2, "0");
+  Properties().RefreshNow();
+  std::vector<int> rows_seen;
+  const int subscription =
+      density.flxHotspots.Subscribe([&] { rows_seen.push_back(density.flxHotspots.Row()); });
+  QTabBar* bar = Properties().OuterTabBar();
+  QTest::mouseClick(bar, Qt::LeftButton, Qt::NoModifier, bar->tabRect(0).center());
+  Properties().RefreshNow();
+  density.flxHotspots.Unsubscribe(subscription);
+  ASSERT_EQ(shown_.size(), 1u);
+  EXPECT_EQ(shown_[0].text,
+            "The value of sigma in row 2 of the hotspots table must be greater than zero. Please correct "
+            "this information.");
+  EXPECT_EQ(Properties().CurrentOuterTab(), 1);
+  EXPECT_EQ(Properties().MarkedCell().row(), 2);
+  EXPECT_EQ(Properties().MarkedCell().column(), 2);
+  // Marking the cell never moved the control's cursor.
+  EXPECT_EQ(density.flxHotspots.Row(), 1);
+  for (const int row : rows_seen) EXPECT_EQ(row, 1);
+
+  // "-" removes the row the person chose, not the refused one.
+  QPushButton* remove = nullptr;
+  for (auto* button : Properties().findChildren<QPushButton*>()) {
+    if (button->accessibleName() == QStringLiteral("Remove hotspot")) remove = button;
+  }
+  ASSERT_NE(remove, nullptr);
+  ASSERT_TRUE(remove->isEnabled());
+  ShownArea()->ensureWidgetVisible(remove);
+  QTest::mouseClick(remove, Qt::LeftButton);
+  Properties().RefreshNow();
+  ASSERT_EQ(density.flxHotspots.Rows(), 2);
+  EXPECT_EQ(density.flxHotspots.TextMatrix(1, 0), second_x);
+  EXPECT_NE(density.flxHotspots.TextMatrix(1, 0), first_x);
+  EXPECT_EQ(density.flxHotspots.TextMatrix(1, 2), "0");
 }
 
 TEST_F(EditorViewTest, PagesNameTheControlAndCellTheirCheckRefused) {

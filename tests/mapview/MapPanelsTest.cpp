@@ -11,10 +11,10 @@
 #include "tests/mapview/MapViewFixture.h"
 #include "zrsimprp/control/SIMProperties.h"
 #include "zrsimprp/qt/DarkPalette.h"
-#include "zrsimprp/qt/DensityMapPanel.h"
-#include "zrsimprp/qt/MapCanvas.h"
 #include "zrsimprp/qt/SIMPropertiesWidget.h"
-#include "zrsimprp/qt/StrataMapPanel.h"
+#include "zrsimprp/qt/map/DensityMapPanel.h"
+#include "zrsimprp/qt/map/MapCanvas.h"
+#include "zrsimprp/qt/map/StrataMapPanel.h"
 
 namespace zrsimprp {
 namespace {

@@ -6,7 +6,7 @@
 
 #include "QtTestSupport.h"
 #include "zrsimprp/host/Chart.h"
-#include "zrsimprp/qt/ChartBinder.h"
+#include "zrsimprp/qt/binders/ChartBinder.h"
 
 namespace zrsimprp {
 namespace {

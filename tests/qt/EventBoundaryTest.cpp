@@ -20,13 +20,13 @@
 #include "zrsimprp/host/MemoryProjectDatabase.h"
 #include "zrsimprp/modules/CModErrorHandling.h"
 #include "zrsimprp/modules/CModGlobal.h"
-#include "zrsimprp/qt/ButtonBinder.h"
-#include "zrsimprp/qt/CheckBoxBinder.h"
 #include "zrsimprp/qt/EventBoundary.h"
-#include "zrsimprp/qt/GridBinder.h"
-#include "zrsimprp/qt/GridView.h"
 #include "zrsimprp/qt/QtPlatform.h"
 #include "zrsimprp/qt/SIMPropertiesWidget.h"
+#include "zrsimprp/qt/binders/ButtonBinder.h"
+#include "zrsimprp/qt/binders/CheckBoxBinder.h"
+#include "zrsimprp/qt/binders/GridBinder.h"
+#include "zrsimprp/qt/grid/GridView.h"
 
 namespace zrsimprp {
 namespace {

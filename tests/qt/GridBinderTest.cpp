@@ -6,8 +6,8 @@
 
 #include "QtTestSupport.h"
 #include "zrsimprp/host/Grid.h"
-#include "zrsimprp/qt/GridBinder.h"
-#include "zrsimprp/qt/GridCellColors.h"
+#include "zrsimprp/qt/binders/GridBinder.h"
+#include "zrsimprp/qt/grid/GridCellColors.h"
 
 namespace zrsimprp {
 namespace {

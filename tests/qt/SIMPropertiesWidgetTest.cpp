@@ -21,11 +21,11 @@
 #include "zrsimprp/control/SIMProperties.h"
 #include "zrsimprp/host/MemoryProjectDatabase.h"
 #include "zrsimprp/modules/CModGlobal.h"
-#include "zrsimprp/qt/CPagPopulationCovarsView.h"
-#include "zrsimprp/qt/CPagPopulationDescriptionView.h"
-#include "zrsimprp/qt/GridBinder.h"
-#include "zrsimprp/qt/PopulationTabView.h"
 #include "zrsimprp/qt/SIMPropertiesWidget.h"
+#include "zrsimprp/qt/binders/GridBinder.h"
+#include "zrsimprp/qt/pages/CPagPopulationCovarsView.h"
+#include "zrsimprp/qt/pages/CPagPopulationDescriptionView.h"
+#include "zrsimprp/qt/pages/PopulationTabView.h"
 
 namespace zrsimprp {
 namespace {

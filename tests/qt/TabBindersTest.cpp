@@ -8,8 +8,8 @@
 #include "QtTestSupport.h"
 #include "zrsimprp/host/TabControl.h"
 #include "zrsimprp/host/TabStrip.h"
-#include "zrsimprp/qt/TabControlBinder.h"
-#include "zrsimprp/qt/TabStripBinder.h"
+#include "zrsimprp/qt/binders/TabControlBinder.h"
+#include "zrsimprp/qt/binders/TabStripBinder.h"
 
 namespace zrsimprp {
 namespace {

@@ -10,17 +10,17 @@
 #include <algorithm>
 
 #include "zrsimprp/control/SIMProperties.h"
-#include "zrsimprp/qt/CPagAnalysesView.h"
-#include "zrsimprp/qt/CPagDensityView.h"
-#include "zrsimprp/qt/CPagDetectabilityView.h"
-#include "zrsimprp/qt/CPagMiscView.h"
-#include "zrsimprp/qt/CPagSimulationView.h"
 #include "zrsimprp/qt/EventBoundary.h"
 #include "zrsimprp/qt/InputToolTips.h"
-#include "zrsimprp/qt/InvalidSpotMarker.h"
-#include "zrsimprp/qt/ModelBinder.h"
-#include "zrsimprp/qt/PopulationTabView.h"
-#include "zrsimprp/qt/TabControlBinder.h"
+#include "zrsimprp/qt/binders/ModelBinder.h"
+#include "zrsimprp/qt/binders/TabControlBinder.h"
+#include "zrsimprp/qt/pages/CPagAnalysesView.h"
+#include "zrsimprp/qt/pages/CPagDensityView.h"
+#include "zrsimprp/qt/pages/CPagDetectabilityView.h"
+#include "zrsimprp/qt/pages/CPagMiscView.h"
+#include "zrsimprp/qt/pages/CPagSimulationView.h"
+#include "zrsimprp/qt/pages/InvalidSpotMarker.h"
+#include "zrsimprp/qt/pages/PopulationTabView.h"
 
 namespace zrsimprp {
 namespace {

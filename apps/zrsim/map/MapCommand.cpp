@@ -15,7 +15,7 @@
 #include "zrsimprp/host/Conversions.h"
 #include "zrsimprp/host/RuntimeError.h"
 #include "zrsimprp/map/DensityMapBuilder.h"
-#include "zrsimprp/qt/MapPainter.h"
+#include "zrsimprp/qt/map/MapPainter.h"
 
 namespace zrsim {
 

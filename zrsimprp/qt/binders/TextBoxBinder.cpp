@@ -1,0 +1,26 @@
+#include "zrsimprp/qt/binders/TextBoxBinder.h"
+
+#include "zrsimprp/qt/EventBoundary.h"
+
+namespace zrsimprp {
+
+TextBoxBinder::TextBoxBinder(TextBox& text_box, QLineEdit* edit)
+    : ControlBinder(text_box, edit), text_box_(text_box), edit_(edit) {
+  connect(edit, &QLineEdit::textEdited, this, &TextBoxBinder::OnTextEdited);
+  RefreshNow();
+}
+
+void TextBoxBinder::Mirror() {
+  const QString text = QString::fromStdString(text_box_.Text());
+  // Rewriting an equal text would move the cursor while the person types.
+  if (edit_->text() != text) edit_->setText(text);
+  MirrorBackColor({QPalette::Base});
+}
+
+void TextBoxBinder::OnTextEdited(const QString& text) {
+  if (Mirroring()) return;
+  EventBoundary::Run(this, "TextBox_Change", [this, &text] { text_box_.UserType(text.toStdString()); });
+  RefreshNow();
+}
+
+}  // namespace zrsimprp

@@ -1,0 +1,146 @@
+#include "zrsimprp/qt/grid/GridView.h"
+
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QScrollBar>
+#include <QStyle>
+#include <algorithm>
+
+#include "zrsimprp/qt/grid/GridCellDelegate.h"
+
+namespace zrsimprp {
+
+GridView::GridView(QWidget* parent) : QTableView(parent) {
+  setItemDelegate(new GridCellDelegate(this));
+  horizontalHeader()->hide();
+  verticalHeader()->hide();
+  verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+  verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 8);
+  horizontalHeader()->setSectionResizeMode(QHeaderView::Interactive);
+  horizontalHeader()->setDefaultSectionSize(72);
+  setSelectionMode(QAbstractItemView::SingleSelection);
+  setSelectionBehavior(QAbstractItemView::SelectItems);
+  setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed |
+                  QAbstractItemView::AnyKeyPressed);
+  setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+  setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+  setTabKeyNavigation(false);  // Tab walks the form, arrows walk the cells
+  // The height follows the width (a narrow view needs its horizontal scroll bar); the stretch at the
+  // foot of each page keeps the view from growing past that height.
+  QSizePolicy policy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+  policy.setHeightForWidth(true);
+  setSizePolicy(policy);
+  // A person dragging a column edge changes the content width.
+  connect(horizontalHeader(), &QHeaderView::sectionResized, this, [this] {
+    if (!resizing_columns_) FitToContents();
+  });
+}
+
+int GridView::CellWidthFor(const std::string& text) const {
+  // The delegate keeps a focus-frame margin plus one pixel on each side of the text, and the grid
+  // line takes one more; two spare pixels keep rounding of fractional fonts from eliding the text.
+  const int margin = style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, this) + 1;
+  return fontMetrics().horizontalAdvance(QString::fromStdString(text)) + 2 * margin + 1 + 2;
+}
+
+void GridView::ResizeColumns(const std::vector<std::pair<int, int>>& widths) {
+  resizing_columns_ = true;
+  QHeaderView* header = horizontalHeader();
+  for (const auto& [col, width] : widths) header->resizeSection(col, width);
+  resizing_columns_ = false;
+  FitToContents();
+}
+
+bool GridView::NeedsVerticalBar() const {
+  return model() != nullptr && model()->rowCount() > kMaxVisibleRows;
+}
+
+bool GridView::NeedsHorizontalBar(int width) const {
+  const int bar = NeedsVerticalBar() ? verticalScrollBar()->sizeHint().width() : 0;
+  return horizontalHeader()->length() > width - 2 * frameWidth() - bar;
+}
+
+int GridView::ContentHeight(int width) const {
+  const int rows = model() != nullptr ? model()->rowCount() : 0;
+  const int shown = std::clamp(rows, 1, kMaxVisibleRows);
+  const int bar = NeedsHorizontalBar(width) ? horizontalScrollBar()->sizeHint().height() : 0;
+  return shown * verticalHeader()->defaultSectionSize() + 2 * frameWidth() + bar;
+}
+
+int GridView::ContentWidth() const {
+  const int bar = NeedsVerticalBar() ? verticalScrollBar()->sizeHint().width() : 0;
+  return std::max(horizontalHeader()->length(), 1) + 2 * frameWidth() + bar;
+}
+
+void GridView::FitToContents() {
+  const int content_width = ContentWidth();
+  if (content_width != fitted_width_) {
+    fitted_width_ = content_width;
+    setMaximumWidth(content_width);
+  }
+  const int content_height = ContentHeight(width());
+  if (content_height != fitted_height_) {
+    fitted_height_ = content_height;
+    updateGeometry();
+  }
+}
+
+int GridView::heightForWidth(int width) const { return ContentHeight(width); }
+
+// Without a width to go by, the hint is for the width the columns want.
+QSize GridView::sizeHint() const {
+  return QSize(std::min(QTableView::sizeHint().width(), ContentWidth()), ContentHeight(ContentWidth()));
+}
+
+QSize GridView::minimumSizeHint() const {
+  return QSize(std::min(QTableView::minimumSizeHint().width(), ContentWidth()),
+               ContentHeight(ContentWidth()));
+}
+
+void GridView::resizeEvent(QResizeEvent* event) {
+  QTableView::resizeEvent(event);
+  // A narrower view may now need the horizontal scroll bar, and room for it below the rows.
+  FitToContents();
+}
+
+void GridView::changeEvent(QEvent* event) {
+  QTableView::changeEvent(event);
+  if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) {
+    verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 8);
+    FitToContents();
+  }
+}
+
+void GridView::focusInEvent(QFocusEvent* event) {
+  QTableView::focusInEvent(event);
+  // The cursor cell shows as selected only while the grid has the focus.
+  viewport()->update();
+}
+
+void GridView::focusOutEvent(QFocusEvent* event) {
+  QTableView::focusOutEvent(event);
+  viewport()->update();
+}
+
+bool GridView::WouldOpenEditor(const QModelIndex& index, EditTrigger trigger, QEvent* event) const {
+  if (!index.isValid() || model() == nullptr) return false;
+  if (!(model()->flags(index) & Qt::ItemIsEditable)) return false;
+  if (state() == EditingState && currentIndex() == index) return false;
+  if (trigger == AllEditTriggers) return true;
+  if (!(editTriggers() & trigger)) return false;
+  if (trigger == AnyKeyPressed) {
+    auto* key =
+        event != nullptr && event->type() == QEvent::KeyPress ? static_cast<QKeyEvent*>(event) : nullptr;
+    return key != nullptr && !key->text().isEmpty() && key->text().at(0).isPrint();
+  }
+  return true;
+}
+
+bool GridView::edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) {
+  if (WouldOpenEditor(index, trigger, event) && can_edit_ && !can_edit_(index.row(), index.column())) {
+    return false;
+  }
+  return QTableView::edit(index, trigger, event);
+}
+
+}  // namespace zrsimprp

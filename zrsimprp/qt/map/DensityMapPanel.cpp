@@ -1,0 +1,153 @@
+#include "zrsimprp/qt/map/DensityMapPanel.h"
+
+#include <QApplication>
+#include <QEventLoop>
+#include <QPointer>
+#include <QThreadPool>
+#include <QVBoxLayout>
+
+#include "zrsimprp/host/Conversions.h"
+#include "zrsimprp/map/DensityMapBuilder.h"
+#include "zrsimprp/modules/CModGlobal.h"
+#include "zrsimprp/pages/CPagDensity/CPagDensity.h"
+#include "zrsimprp/pages/CPagSimulation/CPagSimulation.h"
+#include "zrsimprp/qt/map/MapCanvas.h"
+
+namespace zrsimprp {
+
+namespace {
+
+QString Hint() { return QStringLiteral("Point at the map to read x, y and the relative density."); }
+
+}  // namespace
+
+DensityMapPanel::DensityMapPanel(CPagDensity& density, CPagSimulation& simulation, QWidget* parent)
+    : QWidget(parent),
+      density_(density),
+      simulation_(simulation),
+      canvas_(new MapCanvas(QSize(260, 240), this)),
+      status_(new QLabel(Hint(), this)) {
+  auto* layout = new QVBoxLayout(this);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->addWidget(canvas_, 1);
+  status_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  status_->setWordWrap(true);
+  status_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+  status_->setAccessibleName(QStringLiteral("Map status"));
+  layout->addWidget(status_);
+  connect(canvas_, &MapCanvas::PointerDescribed, this,
+          [this](const QString& text) { status_->setText(text.isEmpty() ? Hint() : text); });
+
+  settle_.setSingleShot(true);
+  settle_.setInterval(kSettleMs);
+  connect(&settle_, &QTimer::timeout, this, [this]() { Recompute(false); });
+  for (Control* control : std::initializer_list<Control*>{
+           &density_.optDensity, &density_.flxConstantDensity, &density_.txtFormula, &density_.txtGridSpace,
+           &density_.cboLayer, &density_.cboField, &density_.chkHotspots, &density_.flxHotspots,
+           &simulation_.cboRegionLayer}) {
+    Watch(*control);
+  }
+  Schedule();
+}
+
+DensityMapPanel::~DensityMapPanel() {
+  for (const auto& [control, id] : subscriptions_) control->Unsubscribe(id);
+}
+
+void DensityMapPanel::Watch(Control& control) {
+  subscriptions_.emplace_back(&control, control.Subscribe([this]() { Schedule(); }));
+}
+
+void DensityMapPanel::Schedule() { settle_.start(); }
+
+void DensityMapPanel::showEvent(QShowEvent* event) {
+  QWidget::showEvent(event);
+  if (settle_.isActive()) RedrawNow();
+}
+
+void DensityMapPanel::RedrawNow() {
+  settle_.stop();
+  Recompute(true);
+}
+
+void DensityMapPanel::RefreshLayers() {
+  const std::shared_ptr<ProjectDatabase> database = CModGlobal::ProjectDatabase();
+  const std::string region = simulation_.cboRegionLayer.Text();
+  const bool dsm = density_.optDensity.Selected() == 2;
+  const std::string dsm_layer = dsm ? density_.cboLayer.Text() : "";
+  const std::string dsm_field = dsm ? density_.cboField.Text() : "";
+  const bool same_project = layers_ && database == database_;
+  const bool same_region = same_project && layers_->region_layer == region;
+  const bool same_dsm = same_project && layers_->dsm_layer == dsm_layer && layers_->dsm_field == dsm_field;
+  if (same_region && same_dsm) return;
+  // The host's project is read here, on its own thread; the computations only see the copies.
+  auto next = layers_ ? std::make_shared<MapLayers>(*layers_) : std::make_shared<MapLayers>();
+  if (!same_region) MapLayers::LoadRegion(*next, database, region);
+  if (!same_dsm) MapLayers::LoadDsm(*next, database, dsm_layer, dsm_field);
+  database_ = database;
+  layers_ = std::move(next);
+}
+
+void DensityMapPanel::Recompute(bool wait) {
+  if (computing_) {
+    // One computation at a time: edits made meanwhile are taken up, all at once, when it ends.
+    again_ = true;
+    if (!wait) return;
+    while (computing_) {
+      QThreadPool::globalInstance()->waitForDone(5);
+      QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    }
+    again_ = false;
+  }
+  RefreshLayers();
+  const DensityMapInputs inputs = DensityMapInputs::FromPage(density_);
+  const int64_t generation = ++generation_;
+  const std::shared_ptr<const MapLayers> layers = layers_;
+  const std::shared_ptr<const MapModel> previous = model_;
+  const double cells = layers->region && IsNumeric(inputs.grid_spacing)
+                           ? StrataRaster::CellCount(layers->region_extent, ToDouble(inputs.grid_spacing))
+                           : 0;
+  const auto build = [layers, inputs, previous]() {
+    return std::make_shared<const MapModel>(DensityMapBuilder::Build(*layers, inputs, previous.get()));
+  };
+  if (cells <= kInlineCells) {
+    Show(build(), generation);
+    return;
+  }
+  computing_ = true;
+  QPointer<DensityMapPanel> guard(this);
+  QThreadPool::globalInstance()->start([build, guard, generation]() {
+    std::shared_ptr<const MapModel> model = build();
+    // Back on the GUI thread; the panel may be gone by then.
+    QMetaObject::invokeMethod(
+        qApp,
+        [guard, model, generation]() {
+          if (guard) guard->Finished(model, generation);
+        },
+        Qt::QueuedConnection);
+  });
+  if (wait) {
+    while (computing_) {
+      QThreadPool::globalInstance()->waitForDone(5);
+      QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    }
+  }
+}
+
+void DensityMapPanel::Finished(std::shared_ptr<const MapModel> model, int64_t generation) {
+  computing_ = false;
+  Show(std::move(model), generation);
+  if (again_) {
+    again_ = false;
+    Recompute(false);
+  }
+}
+
+void DensityMapPanel::Show(std::shared_ptr<const MapModel> model, int64_t generation) {
+  if (generation != generation_) return;  // a newer edit is being computed
+  model_ = std::move(model);
+  ++redraws_;
+  canvas_->ShowModel(model_);
+}
+
+}  // namespace zrsimprp

@@ -1,0 +1,57 @@
+#include "zrsimprp/qt/map/StrataMapPanel.h"
+
+#include <QVBoxLayout>
+
+#include "zrsimprp/map/DensityMapBuilder.h"
+#include "zrsimprp/modules/CModGlobal.h"
+#include "zrsimprp/pages/CPagSimulation/CPagSimulation.h"
+#include "zrsimprp/qt/map/MapCanvas.h"
+
+namespace zrsimprp {
+
+StrataMapPanel::StrataMapPanel(CPagSimulation& simulation, QWidget* parent)
+    : QWidget(parent),
+      simulation_(simulation),
+      canvas_(new MapCanvas(QSize(220, 170), this)),
+      status_(new QLabel(this)) {
+  // Small: it only shows which layer was picked.
+  setMaximumSize(400, 320);
+  auto* layout = new QVBoxLayout(this);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->addWidget(canvas_, 1);
+  status_->setWordWrap(true);
+  status_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+  layout->addWidget(status_);
+  connect(canvas_, &MapCanvas::PointerDescribed, status_, &QLabel::setText);
+  settle_.setSingleShot(true);
+  settle_.setInterval(50);
+  connect(&settle_, &QTimer::timeout, this, &StrataMapPanel::Recompute);
+  subscription_ = simulation_.cboRegionLayer.Subscribe([this]() { settle_.start(); });
+  settle_.start();
+}
+
+StrataMapPanel::~StrataMapPanel() { simulation_.cboRegionLayer.Unsubscribe(subscription_); }
+
+void StrataMapPanel::showEvent(QShowEvent* event) {
+  QWidget::showEvent(event);
+  if (settle_.isActive()) RedrawNow();
+}
+
+void StrataMapPanel::RedrawNow() {
+  settle_.stop();
+  Recompute();
+}
+
+void StrataMapPanel::Recompute() {
+  const std::shared_ptr<ProjectDatabase> database = CModGlobal::ProjectDatabase();
+  const std::string layer = simulation_.cboRegionLayer.Text();
+  if (model_ && database == database_ && layer == layer_) return;
+  database_ = database;
+  layer_ = layer;
+  MapLayers layers;
+  MapLayers::LoadRegion(layers, database, layer);
+  model_ = std::make_shared<const MapModel>(DensityMapBuilder::StrataOnly(layers));
+  canvas_->ShowModel(model_);
+}
+
+}  // namespace zrsimprp
