@@ -14,6 +14,8 @@
 #include "zrsimprp/qt/CPagDensityView.h"
 #include "zrsimprp/qt/CPagDetectabilityView.h"
 #include "zrsimprp/qt/CPagMiscView.h"
+#include "zrsimprp/qt/CPagPopulationCovarsView.h"
+#include "zrsimprp/qt/CPagPopulationDescriptionView.h"
 #include "zrsimprp/qt/CPagSimulationView.h"
 #include "zrsimprp/qt/EventBoundary.h"
 #include "zrsimprp/qt/InputToolTips.h"
@@ -143,6 +145,14 @@ void SIMPropertiesWidget::BuildPages() {
   // The maps beside the Simulation and Density pages.
   simulation_view_->ShowMap();
   density_view_->ShowMap(control.pagSimulation);
+  // An error a person's action on a page raises is reported under that page's name.
+  EventBoundary::ReportAsPage(simulation_view_, PageId::kSimulation);
+  EventBoundary::ReportAsPage(density_view_, PageId::kDensity);
+  EventBoundary::ReportAsPage(population_view_->PopulationView(), PageId::kGeneral);
+  EventBoundary::ReportAsPage(population_view_->CovariatesView(), PageId::kCovariates);
+  EventBoundary::ReportAsPage(detectability_view_, PageId::kDetectability);
+  EventBoundary::ReportAsPage(analyses_view_, PageId::kAnalysis);
+  EventBoundary::ReportAsPage(misc_view_, PageId::kMisc);
   for (QWidget* page : std::initializer_list<QWidget*>{simulation_view_, density_view_, population_view_,
                                                        detectability_view_, analyses_view_, misc_view_}) {
     pages_->addWidget(Scrolling(page, pages_));
