@@ -4,31 +4,15 @@
 #include <string>
 #include <vector>
 
+#include "control/ControlTestFixture.h"
 #include "zrsim/ControlSession.h"
 #include "zrsim/PageChecker.h"
 #include "zrsimprp/control/PageTable.h"
-#include "zrsimprp/host/MemoryProjectDatabase.h"
-#include "zrsimprp/modules/CModGlobal.h"
 
 namespace {
 
-using zrsimprp::MemoryProjectDatabase;
-using zrsimprp::Variant;
-
-// One survey over a strata layer of three strata.
-std::shared_ptr<MemoryProjectDatabase> MakeProject() {
-  auto database = std::make_shared<MemoryProjectDatabase>();
-  database->AddDesign(10, "Lines", "\"STRATUM LAYER\"=Strata;");
-  database->AddSurvey(1, "Line survey", 1, 10);
-  MemoryProjectDatabase::LayerData layer;
-  layer.name = "Strata";
-  layer.kind = 1;
-  layer.label_field = "Label";
-  layer.ids = {Variant(int32_t{1}), Variant(int32_t{2}), Variant(int32_t{3})};
-  layer.labels = {Variant(std::string("A")), Variant(std::string("B")), Variant(std::string("C"))};
-  database->AddLayer(layer);
-  return database;
-}
+// The control tests' sample project: one survey over the strata A, B and C.
+using zrsimprp::MakeSampleProject;
 
 const std::string kValidBase =
     "Transects=Survey /ObjectID=1;StrataLayer=Strata;Reps=10;Density=Uniform /Densities=1,2,3 /GridSpace=10;";
@@ -42,7 +26,7 @@ class PageCheckerTest : public ::testing::Test {
 };
 
 TEST_F(PageCheckerTest, EveryPageOfTheTableIsCheckedInItsOrderUnderItsWord) {
-  session_.Load(MakeProject(), kValidBase);
+  session_.Load(MakeSampleProject(), kValidBase);
   const std::vector<zrsim::PageVerdict> verdicts = zrsim::PageChecker(session_).CheckAll();
   const std::vector<zrsimprp::PageEntry>& pages = zrsimprp::PageTable::Pages();
   ASSERT_EQ(verdicts.size(), pages.size());
@@ -54,7 +38,7 @@ TEST_F(PageCheckerTest, EveryPageOfTheTableIsCheckedInItsOrderUnderItsWord) {
 }
 
 TEST_F(PageCheckerTest, AValidSimulationPageHandsItsStrataOnAsTheControlDoes) {
-  session_.Load(MakeProject(), kValidBase);
+  session_.Load(MakeSampleProject(), kValidBase);
   zrsimprp::SIMProperties& control = session_.Control();
   control.pagDensity.flxConstantDensity.SetCols(2);
   control.pagPopulation.flxN.SetCols(2);
@@ -64,7 +48,7 @@ TEST_F(PageCheckerTest, AValidSimulationPageHandsItsStrataOnAsTheControlDoes) {
 }
 
 TEST_F(PageCheckerTest, AnInvalidSimulationPageHandsNothingOn) {
-  session_.Load(MakeProject(), kValidBase + "Reps=0;");
+  session_.Load(MakeSampleProject(), kValidBase + "Reps=0;");
   zrsimprp::SIMProperties& control = session_.Control();
   control.pagDensity.flxConstantDensity.SetCols(2);
   const std::vector<zrsim::PageVerdict> verdicts = zrsim::PageChecker(session_).CheckAll();
@@ -75,7 +59,8 @@ TEST_F(PageCheckerTest, AnInvalidSimulationPageHandsNothingOn) {
 TEST_F(PageCheckerTest, AFailingHandOverIsReportedUnderItsRoutineAndTheWalkGoesOn) {
   // p = 1 passes the General page's check, but the mean cluster size then divides by zero in the
   // hand-over on leaving it, which the control runs on leaving the Population tab.
-  session_.Load(MakeProject(), kValidBase + "Clusters=True /Distribution=Negative-Binomial /param=2,1;");
+  session_.Load(MakeSampleProject(),
+                kValidBase + "Clusters=True /Distribution=Negative-Binomial /param=2,1;");
   session_.TakeInternalErrors();
   const std::vector<zrsim::PageVerdict> verdicts = zrsim::PageChecker(session_).CheckAll();
   ASSERT_EQ(verdicts.size(), 7u);

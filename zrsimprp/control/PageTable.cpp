@@ -1,6 +1,7 @@
 #include "zrsimprp/control/PageTable.h"
 
 #include <cstdint>
+#include <utility>
 
 #include "zrsimprp/control/SIMProperties.h"
 #include "zrsimprp/host/Conversions.h"
@@ -42,87 +43,55 @@ void DetectabilityFromPopulation(SIMProperties& control) {
                                            cat_cov_levels);
 }
 
+// A page of the control, and its own check, by the control's member that holds it.
+template <auto kPage>
+PageControl& PageOf(SIMProperties& control) {
+  return control.*kPage;
+}
+
+template <auto kPage>
+bool CheckOf(SIMProperties& control, std::string& message) {
+  return (control.*kPage).IsValid(message);
+}
+
+template <auto kPage>
+PageEntry Row(PageId id, int tab, const char* tab_caption, const char* inner_key, const char* word,
+              const char* module, const char* help_section, std::vector<HandOverStep> on_leave = {},
+              std::vector<HandOverStep> on_enter = {}) {
+  return {id,
+          tab,
+          tab_caption,
+          inner_key,
+          word,
+          module,
+          help_section,
+          &PageOf<kPage>,
+          &CheckOf<kPage>,
+          std::move(on_leave),
+          std::move(on_enter)};
+}
+
 std::vector<PageEntry> MakePages() {
   return {
-      {PageId::kSimulation,
-       0,
-       "&Simulation",
-       "",
-       "Simulation",
-       "PagSimulation",
-       "The Simulation tab",
-       [](SIMProperties& c) -> PageControl& { return c.pagSimulation; },
-       [](SIMProperties& c, std::string& message) { return c.pagSimulation.IsValid(message); },
-       {{"UpdateFlxConstantDensity", &StrataToDensity},
-        {"UpdateFlxN", &StrataToPopulation},
-        {"UpdateStrataInfo", &StrataToDetectability}},
-       {}},
-      {PageId::kDensity,
-       1,
-       "&Density",
-       "",
-       "Density",
-       "PagDensity",
-       "The Density tab",
-       [](SIMProperties& c) -> PageControl& { return c.pagDensity; },
-       [](SIMProperties& c, std::string& message) { return c.pagDensity.IsValid(message); },
-       {},
-       {}},
-      {PageId::kGeneral,
-       2,
-       "&Population",
-       "General",
-       "General",
-       "PagPopulation",
-       "The Population tab: General",
-       [](SIMProperties& c) -> PageControl& { return c.pagPopulation; },
-       [](SIMProperties& c, std::string& message) { return c.pagPopulation.IsValid(message); },
-       {{"UpdateClusterInfo", &ClusterInfo}},
-       {}},
-      {PageId::kCovariates,
-       2,
-       "&Population",
-       "Covariates",
-       "Covariates",
-       "PagPopulationCovars",
-       "The Population tab: Covariates",
-       [](SIMProperties& c) -> PageControl& { return c.pagCovariates; },
-       [](SIMProperties& c, std::string& message) { return c.pagCovariates.IsValid(message); },
-       {{"UpdateCovariateInfo", &CovariateInfo}},
-       {}},
-      {PageId::kDetectability,
-       3,
-       "D&etectability",
-       "",
-       "Detectability",
-       "PagDetectability",
-       "The Detectability tab",
-       [](SIMProperties& c) -> PageControl& { return c.pagDetectability; },
-       [](SIMProperties& c, std::string& message) { return c.pagDetectability.IsValid(message); },
-       {},
-       {{"UpdateFlxDetect", &DetectabilityFromPopulation}}},
-      {PageId::kAnalysis,
-       4,
-       "&Analysis",
-       "",
-       "Analysis",
-       "PagAnalyses",
-       "The Analysis tab",
-       [](SIMProperties& c) -> PageControl& { return c.pagAnalyses; },
-       [](SIMProperties& c, std::string& message) { return c.pagAnalyses.IsValid(message); },
-       {},
-       {}},
-      {PageId::kMisc,
-       5,
-       "&Misc.",
-       "",
-       "Misc",
-       "PagMisc",
-       "The Misc. tab",
-       [](SIMProperties& c) -> PageControl& { return c.pagMisc; },
-       [](SIMProperties& c, std::string& message) { return c.pagMisc.IsValid(message); },
-       {},
-       {}},
+      Row<&SIMProperties::pagSimulation>(PageId::kSimulation, 0, "&Simulation", "", "Simulation",
+                                         "PagSimulation", "The Simulation tab",
+                                         {{"UpdateFlxConstantDensity", &StrataToDensity},
+                                          {"UpdateFlxN", &StrataToPopulation},
+                                          {"UpdateStrataInfo", &StrataToDetectability}}),
+      Row<&SIMProperties::pagDensity>(PageId::kDensity, 1, "&Density", "", "Density", "PagDensity",
+                                      "The Density tab"),
+      Row<&SIMProperties::pagPopulation>(PageId::kGeneral, 2, "&Population", "General", "General",
+                                         "PagPopulation", "The Population tab: General",
+                                         {{"UpdateClusterInfo", &ClusterInfo}}),
+      Row<&SIMProperties::pagCovariates>(PageId::kCovariates, 2, "&Population", "Covariates", "Covariates",
+                                         "PagPopulationCovars", "The Population tab: Covariates",
+                                         {{"UpdateCovariateInfo", &CovariateInfo}}),
+      Row<&SIMProperties::pagDetectability>(PageId::kDetectability, 3, "D&etectability", "", "Detectability",
+                                            "PagDetectability", "The Detectability tab", {},
+                                            {{"UpdateFlxDetect", &DetectabilityFromPopulation}}),
+      Row<&SIMProperties::pagAnalyses>(PageId::kAnalysis, 4, "&Analysis", "", "Analysis", "PagAnalyses",
+                                       "The Analysis tab"),
+      Row<&SIMProperties::pagMisc>(PageId::kMisc, 5, "&Misc.", "", "Misc", "PagMisc", "The Misc. tab"),
   };
 }
 

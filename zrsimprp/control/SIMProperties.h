@@ -73,7 +73,7 @@ class SIMProperties {
   // Loads the project's default definition for simulations, then initialises again.
   void ResetDefinition();
 
-  // The captions and inner keys come from the page table: "&Simulation" … "&Misc.", and the
+  // Captions and keys from the page table: the six outer tabs ("&Simulation" to "&Misc.") and the
   // "General" and "Covariates" tabs of the Population tab.
   TabControl tapSimulationDefinition{PageTable::TabCaptions()};
   TabStrip tabsPopulationDescription{PageTable::InnerTabs(PageTable::Get(PageId::kGeneral).tab)};
