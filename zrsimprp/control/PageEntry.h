@@ -40,7 +40,8 @@ struct PageEntry {
   bool (*is_valid)(SIMProperties& control, std::string& message);
   // Run in this order after the page passed its check and is being left.
   std::vector<HandOverStep> on_leave;
-  // Run in this order when its tab is about to be shown (a tab of its own only).
+  // Run in this order when its tab is about to be shown. Pages that share a tab have none: entering
+  // such a tab selects its inner tab by the key selected there, which shows that page.
   std::vector<HandOverStep> on_enter;
 };
 

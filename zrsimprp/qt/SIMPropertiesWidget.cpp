@@ -27,9 +27,6 @@
 namespace zrsimprp {
 namespace {
 
-// The outer tab that holds the inner General / Covariates strip.
-constexpr int kPopulationTab = 2;
-
 // Every page scrolls on its own when the control is smaller than the page.
 QScrollArea* Scrolling(QWidget* page, QWidget* parent) {
   auto* area = new QScrollArea(parent);
@@ -115,7 +112,8 @@ void SIMPropertiesWidget::SetUpTabKeys() {
 
 void SIMPropertiesWidget::StepTab(int step) {
   const int outer = CurrentOuterTab();
-  if (outer == kPopulationTab) {
+  // On the tab whose pages share it, the keys step through the inner strip first.
+  if (PageTable::HasInnerTabs(outer)) {
     const int inner = CurrentInnerTab() + step;
     if (inner >= 1 && inner <= control_->tabsPopulationDescription.TabCount()) {
       ShowInnerTab(inner);
