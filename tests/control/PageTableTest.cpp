@@ -3,6 +3,7 @@
 
 #include "ControlTestFixture.h"
 #include "zrsimprp/control/PageTable.h"
+#include "zrsimprp/modules/CModErrorHandling.h"
 
 namespace zrsimprp {
 namespace {
@@ -159,6 +160,21 @@ TEST_F(PageTableControl, TheStrataHandOverIsTheSimulationPagesLeavingSteps) {
   control->StrataHandOver();
   EXPECT_EQ(control->pagDensity.flxConstantDensity.Cols(), 4);
   EXPECT_EQ(control->pagPopulation.flxN.Cols(), 4);
+}
+
+TEST_F(PageTableControl, ThePagesOwnReportsNameTheTablesModules) {
+  // Without a project the pages that list its records report their Initialize errors themselves.
+  SIMProperties control(platform_);
+  EXPECT_THROW(control.Initialize(), RuntimeError);
+  const auto raised_from = [](PageId id) {
+    return std::string("(Error raised from: ZrSIMPrp.") + PageTable::Get(id).module + "." +
+           CModErrorHandling::kInitializeRoutine + ")";
+  };
+  ASSERT_EQ(platform_.Messages().size(), 2u) << AllMessages();
+  EXPECT_NE(platform_.Messages()[0].text.find(raised_from(PageId::kSimulation)), std::string::npos)
+      << platform_.Messages()[0].text;
+  EXPECT_NE(platform_.Messages()[1].text.find(raised_from(PageId::kAnalysis)), std::string::npos)
+      << platform_.Messages()[1].text;
 }
 
 }  // namespace
