@@ -14,6 +14,7 @@
 #include "zrsim-editor/HelpBrowser.h"
 #include "zrsim-editor/PersonalSettings.h"
 #include "zrsim-editor/WarningsBar.h"
+#include "zrsimprp/control/PageTable.h"
 #include "zrsimprp/host/RuntimeError.h"
 #include "zrsimprp/lint/PageCheckCause.h"
 #include "zrsimprp/modules/CModErrorHandling.h"
@@ -163,11 +164,9 @@ void EditorWindow::AfterTabSwitch() {
 
 std::string EditorWindow::ShownPageName() const {
   // The names `zrsim check` gives the pages, so that the editor's line reads as its report does.
-  static const char* const kOuterPages[] = {"Simulation",    "Density",  "Population",
-                                            "Detectability", "Analysis", "Misc"};
-  const int outer = properties_->CurrentOuterTab();
-  if (outer == 2) return properties_->CurrentInnerTab() == 2 ? "Covariates" : "General";
-  return outer >= 0 && outer < 6 ? kOuterPages[outer] : "shown";
+  const zrsimprp::PageEntry* page =
+      zrsimprp::PageTable::AtPosition(properties_->CurrentOuterTab(), properties_->CurrentInnerTab());
+  return page != nullptr ? page->word : "shown";
 }
 
 void EditorWindow::ShowPageCheckCause(const std::string& page) {

@@ -7,6 +7,8 @@
 #include <QTextBrowser>
 #include <QVBoxLayout>
 
+#include "zrsimprp/control/PageTable.h"
+
 namespace zrsim_editor {
 
 namespace {
@@ -33,23 +35,8 @@ HelpBrowser::HelpBrowser(QWidget* parent) : QDialog(parent), browser_(new QTextB
 }
 
 QString HelpBrowser::SectionFor(int outer, int inner) {
-  switch (outer) {
-    case 0:
-      return QStringLiteral("The Simulation tab");
-    case 1:
-      return QStringLiteral("The Density tab");
-    case 2:
-      return inner == 2 ? QStringLiteral("The Population tab: Covariates")
-                        : QStringLiteral("The Population tab: General");
-    case 3:
-      return QStringLiteral("The Detectability tab");
-    case 4:
-      return QStringLiteral("The Analysis tab");
-    case 5:
-      return QStringLiteral("The Misc. tab");
-    default:
-      return QString();
-  }
+  const zrsimprp::PageEntry* page = zrsimprp::PageTable::AtPosition(outer, inner);
+  return page != nullptr ? QString::fromUtf8(page->help_section) : QString();
 }
 
 bool HelpBrowser::ShowSection(const QString& heading) {

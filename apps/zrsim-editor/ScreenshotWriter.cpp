@@ -7,15 +7,32 @@
 
 #include "zrsim-editor/EditorError.h"
 #include "zrsim-editor/EditorWindow.h"
+#include "zrsimprp/control/PageTable.h"
 
 namespace zrsim_editor {
 
+namespace {
+
+// One shot per page, named by its tab's number, its inner tab's letter and its word:
+// "1-simulation.png", "3a-general.png", "3b-covariates.png".
+std::vector<ScreenshotWriter::Shot> PageShots() {
+  std::vector<ScreenshotWriter::Shot> shots;
+  int inner = 0;
+  for (const zrsimprp::PageEntry& page : zrsimprp::PageTable::Pages()) {
+    const bool shares_tab = zrsimprp::PageTable::HasInnerTabs(page.tab);
+    inner = shares_tab ? inner + 1 : 0;
+    std::string name = std::to_string(page.tab + 1);
+    if (shares_tab) name += static_cast<char>('a' + inner - 1);
+    name += "-" + QString::fromLatin1(page.word).toLower().toStdString() + ".png";
+    shots.push_back({name, page.tab, inner});
+  }
+  return shots;
+}
+
+}  // namespace
+
 const std::vector<ScreenshotWriter::Shot>& ScreenshotWriter::Shots() {
-  static const std::vector<Shot> shots = {
-      {"1-simulation.png", 0, 0},  {"2-density.png", 1, 0},       {"3a-general.png", 2, 1},
-      {"3b-covariates.png", 2, 2}, {"4-detectability.png", 3, 0}, {"5-analysis.png", 4, 0},
-      {"6-misc.png", 5, 0},
-  };
+  static const std::vector<Shot> shots = PageShots();
   return shots;
 }
 

@@ -3,10 +3,13 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QCheckBox>
+#include <QComboBox>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTabBar>
 #include <QTimer>
+#include <algorithm>
 #include <memory>
 #include <stdexcept>
 #include <string>
@@ -265,6 +268,51 @@ TEST_F(EventBoundaryWidgetTest, ShowOuterTabIsAPersonsClickAndNeverThrows) {
   EXPECT_EQ(widget_->CurrentOuterTab(), 2);
   ASSERT_EQ(shown_.size(), 1u);
   EXPECT_EQ(shown_[0].title, "Pellunar Internal Error");
+}
+
+// A person's click on a page's own control is that page's action: its error report names the page's
+// module, as the page's own reports do, and not the control.
+TEST_F(EventBoundaryWidgetTest, AClickHandlerErrorOnAPageIsReportedUnderThatPagesModule) {
+  widget_->SetProjectDatabase(MakeProject());
+  widget_->SetDefinition("Transects=Survey /ObjectID=1;StrataLayer=Strata;Reps=10;");
+  widget_->Initialize();
+  widget_->Control().pagDensity.chkHotspots.SetClickHandler(
+      [] { throw RuntimeError(error_number::kOverflow, "ZrSIMPrp", "Overflow"); });
+  widget_->ShowOuterTab(1);
+  RunEventLoopTurn();
+  QCheckBox* hotspots = nullptr;
+  for (QCheckBox* box : widget_->findChildren<QCheckBox*>()) {
+    if (box->text().contains(QStringLiteral("otspot"))) hotspots = box;
+  }
+  ASSERT_NE(hotspots, nullptr);
+  ASSERT_TRUE(shown_.empty());
+
+  EXPECT_NO_THROW(hotspots->click());
+  ASSERT_EQ(shown_.size(), 1u);
+  EXPECT_EQ(shown_[0].title, "Pellunar Internal Error");
+  EXPECT_NE(shown_[0].text.find("(Error raised from: ZrSIMPrp.PagDensity.CheckBox_Click)\r\n"),
+            std::string::npos)
+      << shown_[0].text;
+  EXPECT_EQ(shown_[0].text.find("ZrSIMPrp.SIM."), std::string::npos) << shown_[0].text;
+}
+
+TEST_F(EventBoundaryWidgetTest, EveryPageViewReportsUnderItsPageTableModuleAndTheTabsUnderTheControl) {
+  // The inner strip and the outer tab bar are the control's own.
+  EXPECT_EQ(EventBoundary::ModuleFor(widget_->InnerTabBar()), "SIM");
+  EXPECT_EQ(EventBoundary::ModuleFor(widget_->OuterTabBar()), "SIM");
+  // Every page's fields, lists and checkboxes sit in a view that names its page.
+  std::vector<std::string> modules;
+  for (QWidget* field : widget_->findChildren<QWidget*>()) {
+    if (!qobject_cast<QLineEdit*>(field) && !qobject_cast<QComboBox*>(field) &&
+        !qobject_cast<QCheckBox*>(field)) {
+      continue;
+    }
+    const std::string module = EventBoundary::ModuleFor(field);
+    if (std::find(modules.begin(), modules.end(), module) == modules.end()) modules.push_back(module);
+  }
+  std::sort(modules.begin(), modules.end());
+  EXPECT_EQ(modules, (std::vector<std::string>{"PagAnalyses", "PagDensity", "PagDetectability", "PagMisc",
+                                               "PagPopulation", "PagPopulationCovars", "PagSimulation"}));
 }
 
 }  // namespace

@@ -6,6 +6,8 @@
 #include <vector>
 
 // Everything a host needs to embed the control: the host interfaces, values, errors and controls.
+#include "zrsimprp/control/PageTable.h"
+#include "zrsimprp/control/TabNavigation.h"
 #include "zrsimprp/host/AttributeTable.h"
 #include "zrsimprp/host/Button.h"
 #include "zrsimprp/host/CaptionedControl.h"
@@ -71,9 +73,10 @@ class SIMProperties {
   // Loads the project's default definition for simulations, then initialises again.
   void ResetDefinition();
 
-  TabControl tapSimulationDefinition{
-      {"&Simulation", "&Density", "&Population", "D&etectability", "&Analysis", "&Misc."}};
-  TabStrip tabsPopulationDescription{{{"General", "General"}, {"Covariates", "Covariates"}}};
+  // Captions and keys from the page table: the six outer tabs ("&Simulation" to "&Misc.") and the
+  // "General" and "Covariates" tabs of the Population tab.
+  TabControl tapSimulationDefinition{PageTable::TabCaptions()};
+  TabStrip tabsPopulationDescription{PageTable::InnerTabs(PageTable::Get(PageId::kGeneral).tab)};
 
   CPagSimulation pagSimulation;
   CPagDensity pagDensity;
@@ -82,6 +85,10 @@ class SIMProperties {
   CPagDetectability pagDetectability;
   CPagAnalyses pagAnalyses;
   CPagMisc pagMisc;
+
+  // The Simulation page's strata to the Density, Population and Detectability pages, as on leaving
+  // the Simulation tab (the page table's hand-over). Errors reach the caller.
+  void StrataHandOver();
 
  private:
   // The field slots of one write. They are shared by all entries and never cleared, so an entry
@@ -124,25 +131,13 @@ class SIMProperties {
   void WriteMiscEntries(std::string& text, FieldSlots& slots, bool line_breaks);
   static void Append(std::string& text, const std::string& key, const std::string& value, FieldSlots& slots,
                      int32_t field_count, bool line_breaks);
-  void StrataHandOver();
 
-  // Tabs.
-  void RestoreTabs();
-  bool ValidateShownPage(const std::string& inner_key);
-  void BeforeTabChange(int& new_index);
-  void AfterTabChange(int new_index);
-  void SelectInnerTab(const std::string& key);
-  void ShowInnerPage(const std::string& key);
-  void RefreshDetectability();
-
-  // Host objects; each raises a run-time error when the project database is missing.
+  // Raises a run-time error when the project database is missing.
   std::shared_ptr<ProjectDatabase> RequireProjectDatabase();
-  std::shared_ptr<ProjectSettings> FreshSettings();
 
   Platform& platform_;
   std::string definition_;
-  std::string remembered_inner_key_;
-  bool initialized_ = false;
+  TabNavigation navigation_{*this, platform_};
 };
 
 }  // namespace zrsimprp

@@ -17,6 +17,10 @@ class CModErrorHandling {
       "An unexpected error occured while checking the options on this page.   "
       "Please check they are valid and change any incorrect values";
 
+  // The routine name every page's Initialize reports its errors under. The misspelling is what hosts
+  // and their users have always seen in these reports, and it is kept on purpose: do not correct it.
+  static constexpr const char* kInitializeRoutine = "Inititalize";
+
   // The report's text for `error` raised in module.routine of the component `component_name`.
   static std::string InternalErrorText(const std::string& component_name, const std::string& module_name,
                                        const std::string& routine_name, const RuntimeError& error);

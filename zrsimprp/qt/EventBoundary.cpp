@@ -6,6 +6,7 @@
 #include <QtGlobal>
 #include <exception>
 
+#include "zrsimprp/control/PageTable.h"
 #include "zrsimprp/host/ErrorTrap.h"
 #include "zrsimprp/modules/CModErrorHandling.h"
 #include "zrsimprp/qt/QtPlatform.h"
@@ -14,12 +15,14 @@ namespace zrsimprp {
 namespace {
 
 constexpr const char* kPlatformProperty = "zrsimprp_event_platform";
-// The widget is the control's face: its events are reported as the control's.
-constexpr const char* kModule = "SIM";
+constexpr const char* kPageProperty = "zrsimprp_event_page";
+// The control's own widgets (the tabs) are its face: their events are reported as the control's.
+constexpr const char* kControlModule = "SIM";
 
 void Report(QObject* context, const char* event, const RuntimeError& error) {
   try {
-    CModErrorHandling::ReportInternalError(EventBoundary::PlatformFor(context), kModule, event, error);
+    CModErrorHandling::ReportInternalError(EventBoundary::PlatformFor(context),
+                                           EventBoundary::ModuleFor(context), event, error);
   } catch (...) {
     // A platform that cannot even show the report leaves only the log.
     qWarning("ZrSIMPrp: %s failed and its report could not be shown: %s", event, error.description.c_str());
@@ -39,6 +42,18 @@ Platform& EventBoundary::PlatformFor(QObject* context) {
   }
   static QtPlatform loose_views_platform;
   return loose_views_platform;
+}
+
+void EventBoundary::ReportAsPage(QObject* view, PageId page) {
+  view->setProperty(kPageProperty, QVariant::fromValue(static_cast<int>(page)));
+}
+
+std::string EventBoundary::ModuleFor(QObject* context) {
+  for (QObject* object = context; object != nullptr; object = object->parent()) {
+    const QVariant page = object->property(kPageProperty);
+    if (page.isValid()) return PageTable::Get(static_cast<PageId>(page.toInt())).module;
+  }
+  return kControlModule;
 }
 
 bool EventBoundary::Run(QObject* context, const char* event, const std::function<void()>& action) {

@@ -18,15 +18,14 @@
 #include "zrsimprp/qt/pages/CPagDensityView.h"
 #include "zrsimprp/qt/pages/CPagDetectabilityView.h"
 #include "zrsimprp/qt/pages/CPagMiscView.h"
+#include "zrsimprp/qt/pages/CPagPopulationCovarsView.h"
+#include "zrsimprp/qt/pages/CPagPopulationDescriptionView.h"
 #include "zrsimprp/qt/pages/CPagSimulationView.h"
 #include "zrsimprp/qt/pages/InvalidSpotMarker.h"
 #include "zrsimprp/qt/pages/PopulationTabView.h"
 
 namespace zrsimprp {
 namespace {
-
-// The outer tab that holds the inner General / Covariates strip.
-constexpr int kPopulationTab = 2;
 
 // Every page scrolls on its own when the control is smaller than the page.
 QScrollArea* Scrolling(QWidget* page, QWidget* parent) {
@@ -113,7 +112,8 @@ void SIMPropertiesWidget::SetUpTabKeys() {
 
 void SIMPropertiesWidget::StepTab(int step) {
   const int outer = CurrentOuterTab();
-  if (outer == kPopulationTab) {
+  // On the tab whose pages share it, the keys step through the inner strip first.
+  if (PageTable::HasInnerTabs(outer)) {
     const int inner = CurrentInnerTab() + step;
     if (inner >= 1 && inner <= control_->tabsPopulationDescription.TabCount()) {
       ShowInnerTab(inner);
@@ -143,6 +143,14 @@ void SIMPropertiesWidget::BuildPages() {
   // The maps beside the Simulation and Density pages.
   simulation_view_->ShowMap();
   density_view_->ShowMap(control.pagSimulation);
+  // An error a person's action on a page raises is reported under that page's name.
+  EventBoundary::ReportAsPage(simulation_view_, PageId::kSimulation);
+  EventBoundary::ReportAsPage(density_view_, PageId::kDensity);
+  EventBoundary::ReportAsPage(population_view_->PopulationView(), PageId::kGeneral);
+  EventBoundary::ReportAsPage(population_view_->CovariatesView(), PageId::kCovariates);
+  EventBoundary::ReportAsPage(detectability_view_, PageId::kDetectability);
+  EventBoundary::ReportAsPage(analyses_view_, PageId::kAnalysis);
+  EventBoundary::ReportAsPage(misc_view_, PageId::kMisc);
   for (QWidget* page : std::initializer_list<QWidget*>{simulation_view_, density_view_, population_view_,
                                                        detectability_view_, analyses_view_, misc_view_}) {
     pages_->addWidget(Scrolling(page, pages_));

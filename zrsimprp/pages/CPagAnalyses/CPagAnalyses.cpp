@@ -194,7 +194,8 @@ void CPagAnalyses::Initialize() {
         cmdSubModel.SetVisible(false);
       },
       [this](const RuntimeError& error) {
-        CModErrorHandling::ReportInternalError(platform_, kModule, "Inititalize", error);
+        CModErrorHandling::ReportInternalError(platform_, kModule, CModErrorHandling::kInitializeRoutine,
+                                               error);
       });
 }
 

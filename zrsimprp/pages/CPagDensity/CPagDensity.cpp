@@ -202,7 +202,8 @@ void CPagDensity::Initialize() {
         optDensity.Button(kDsmOption).SetEnabled(false);
       },
       [this](const RuntimeError& error) {
-        CModErrorHandling::ReportInternalError(platform_, kModuleName, "Inititalize", error);
+        CModErrorHandling::ReportInternalError(platform_, kModuleName, CModErrorHandling::kInitializeRoutine,
+                                               error);
       });
 }
 

@@ -155,7 +155,8 @@ void CPagDetectability::Initialize() {
         cmdDetFunc.SetEnabled(false);
       },
       [&](const RuntimeError& error) {
-        CModErrorHandling::ReportInternalError(platform_, kModule, "Inititalize", error);
+        CModErrorHandling::ReportInternalError(platform_, kModule, CModErrorHandling::kInitializeRoutine,
+                                               error);
       });
 }
 
@@ -309,7 +310,8 @@ void CPagDetectability::FillParamRow(int row, const std::string& name) {
 
 void CPagDetectability::DrawDetFunction(int32_t /*stratum*/) {
   // A fixed half-normal curve stands in for the table's own functions: the preview only shows the
-  // shape of a detection function, not the one the user entered.
+  // shape of a detection function, not the one the user entered. The placeholder is kept on purpose,
+  // as the form has always shown it; do not make it follow the table here.
   std::vector<double> sigma{20.0};
   for (double& s : sigma) {
     if (s == 0) s = 0.000001;

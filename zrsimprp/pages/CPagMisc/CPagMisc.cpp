@@ -60,7 +60,8 @@ void CPagMisc::Initialize() {
         txtCores.SetText("");
       },
       [this](const RuntimeError& error) {
-        CModErrorHandling::ReportInternalError(platform_, "PagMisc", "Inititalize", error);
+        CModErrorHandling::ReportInternalError(platform_, "PagMisc", CModErrorHandling::kInitializeRoutine,
+                                               error);
       });
 }
 

@@ -178,7 +178,8 @@ void CPagPopulationCovars::Initialize() {
         chkContinuousCov.SetEnabled(false);
       },
       [this](const RuntimeError& error) {
-        CModErrorHandling::ReportInternalError(platform_, "PagPopulationCovars", "Inititalize", error);
+        CModErrorHandling::ReportInternalError(platform_, "PagPopulationCovars",
+                                               CModErrorHandling::kInitializeRoutine, error);
       });
 }
 

@@ -38,6 +38,7 @@ class CPagPopulationCovars : public PageControl {
 
   std::string ContinuousCov();
   std::vector<std::string> CatCovLevels();
+  // The name's missing "t" is part of the page's interface that the control calls; kept on purpose.
   double MeanConinuousCov();
   bool CategoricalCov();
   void SetCategoricalCov(bool value);

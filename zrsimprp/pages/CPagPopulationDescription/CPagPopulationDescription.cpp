@@ -240,7 +240,8 @@ void CPagPopulationDescription::Initialize() {
         optNcalculation.Button(kPoissonN).SetEnabled(false);
       },
       [this](const RuntimeError& error) {
-        CModErrorHandling::ReportInternalError(platform_, "PagPopulation", "Inititalize", error);
+        CModErrorHandling::ReportInternalError(platform_, "PagPopulation",
+                                               CModErrorHandling::kInitializeRoutine, error);
       });
 }
 

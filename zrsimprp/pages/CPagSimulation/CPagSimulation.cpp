@@ -176,7 +176,8 @@ void CPagSimulation::Initialize() {
         cboDesign.SetEnabled(false);
       },
       [this](const RuntimeError& error) {
-        CModErrorHandling::ReportInternalError(platform_, kModule, "Inititalize", error);
+        CModErrorHandling::ReportInternalError(platform_, kModule, CModErrorHandling::kInitializeRoutine,
+                                               error);
       });
 }
 
