@@ -272,7 +272,7 @@ void DefinitionLint::CheckDensity(const DefinitionEntry& entry) {
 }
 
 void DefinitionLint::CheckHotspot(const DefinitionEntry& entry) {
-  // Hotspots are numbered by their order among the "Hotspot" entries, as the page adds their rows.
+  // Hotspots are numbered by their order among the hotspot entries, as the page adds their rows.
   const std::string place = std::to_string(++read_.hotspot_count);
   DensitySurfaceInputs inputs;
   inputs.hotspots.push_back(Split(FieldValue(entry, 0), ','));

@@ -7,7 +7,7 @@
 namespace zrsimprp {
 
 // The inputs of a density surface as a person typed them, wherever they come from: the Density
-// page's controls, a definition's "Density" and "Hotspot" entries, or a host's own fields. An input
+// page's controls, a definition's density and hotspot entries, or a host's own fields. An input
 // left out (no value) is not read at all; one given as "" is read, and is blank.
 struct DensitySurfaceInputs {
   // The strata the density table has, by name, column by column.

@@ -8,7 +8,7 @@ namespace zrsimprp {
 // Which input of a density surface a problem is about.
 enum class SurfaceInput { kStratumDensity, kGridSpacing, kFormula, kHotspot };
 
-// The values of one hotspot, in the order the hotspot grid and the "Hotspot" entry give them.
+// The values of one hotspot, in the order the hotspot grid and a definition's hotspot entry give them.
 enum class HotspotField { kCentreX = 0, kCentreY = 1, kSigma = 2, kAmplitude = 3 };
 inline constexpr std::size_t kHotspotFields = 4;
 
