@@ -284,6 +284,41 @@ TEST_F(DefinitionLintTest, IssueExampleGivesTheNotANumberAndNegativeDensities) {
   EXPECT_EQ(codes, (std::vector<std::string>{"ZR106", "ZR201", "ZR202"})) << Describe(report.findings);
 }
 
+TEST_F(DefinitionLintTest, EachHotspotValueIsJudgedByItsOwnRule) {
+  std::string text = DefinitionWith("Hotspot", "Hotspot=\"\" /X,Y,Sig,Amp=1,2,3,4;");
+  text += "Hotspot=\"\" /X,Y,Sig,Amp=\"a, ,0,-4,extra\";\r\n";
+  DefinitionLint::Report report = Lint(text);
+  ASSERT_EQ(report.findings.size(), 4u) << Describe(report.findings);
+  EXPECT_EQ(report.findings[0].code, lint_code::kNotANumber);
+  EXPECT_EQ(report.findings[0].sentence, "The centre X of hotspot 2 is \"a\", which is not a number.");
+  EXPECT_EQ(report.findings[1].code, lint_code::kNotANumber);
+  EXPECT_EQ(report.findings[1].sentence, "The centre Y of hotspot 2 is \" \", which is not a number.");
+  EXPECT_EQ(report.findings[2].code, lint_code::kNotPositive);
+  EXPECT_EQ(report.findings[2].sentence, "The sigma of hotspot 2 is 0; it must be greater than 0.");
+  EXPECT_EQ(report.findings[3].code, lint_code::kNegative);
+  EXPECT_EQ(report.findings[3].sentence, "The amplitude of hotspot 2 is -4; it cannot be negative.");
+  for (const Finding& finding : report.findings) {
+    EXPECT_EQ(finding.place_kind, "hotspot");
+    EXPECT_EQ(finding.place, "2");
+  }
+}
+
+TEST_F(DefinitionLintTest, HotspotWithoutValuesNeedsFour) {
+  DefinitionLint::Report report = Lint(DefinitionWith("Hotspot", "Hotspot=\"\";"));
+  ASSERT_FALSE(report.findings.empty());
+  EXPECT_EQ(report.findings.back().code, lint_code::kListLengthsDiffer) << Describe(report.findings);
+  EXPECT_EQ(report.findings.back().sentence,
+            "The entry \"Hotspot\" gives 0 values for hotspot 1 but needs four (X, Y, Sig, Amp)" + kStop);
+}
+
+TEST_F(DefinitionLintTest, NumberBeyondADoubleIsNotANumber) {
+  DefinitionLint::Report report =
+      Lint(DefinitionWith("Density", "Density=Uniform /Densities=1,1e999,3 /GridSpace=-1e999;"));
+  ASSERT_EQ(report.findings.size(), 2u) << Describe(report.findings);
+  EXPECT_EQ(report.findings[0].sentence, "The density for stratum 'B' is \"1e999\", which is not a number.");
+  EXPECT_EQ(report.findings[1].sentence, "The grid spacing is \"-1e999\", which is not a number.");
+}
+
 TEST_F(DefinitionLintTest, SumOfTypedDecimalsCountsAsOne) {
   DefinitionLint::Report report =
       Lint(DefinitionWith("CategoricalCov", "CategoricalCov=sex /categories=a,b,c /prob=0.7,0.2,0.1;"));

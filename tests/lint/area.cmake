@@ -1,2 +1,2 @@
 # The lint module, on in-memory projects (no project file, no Qt).
-set(AREA_PARTS host modules lint)
+set(AREA_PARTS host modules surface lint)

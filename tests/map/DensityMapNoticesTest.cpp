@@ -226,6 +226,36 @@ TEST(DensityMapNotices, HotspotWithSigmaZero) {
             "Hotspot 1: the Sigma must be greater than 0, so the hotspot is not drawn.");
 }
 
+TEST(DensityMapNotices, NumbersBeyondADoubleAreNotNumbers) {
+  EXPECT_EQ(OnlyNotice(Build(UniformInputs("1", "1", "1e999"))),
+            "The grid spacing '1e999' is not a number, so the surface cannot be drawn.");
+  EXPECT_EQ(OnlyNotice(Build(UniformInputs("1", "-1e999"))),
+            "The density of stratum 'East' ('-1e999') is not a number, so the surface cannot be drawn.");
+  DensityMapInputs inputs = UniformInputs("1", "1");
+  inputs.hotspots = {{"1e999", "5", "2", "4"}};
+  EXPECT_EQ(OnlyNotice(Build(inputs)),
+            "Hotspot 1: the Centre X '1e999' is not a number, so the hotspot is not drawn.");
+}
+
+TEST(DensityMapNotices, HotspotValueThatIsNotANumberComesBeforeItsSigma) {
+  DensityMapInputs inputs = UniformInputs("1", "1");
+  inputs.hotspots = {{"15", "5", "0", "lots"}};
+  EXPECT_EQ(OnlyNotice(Build(inputs)),
+            "Hotspot 1: the Amplitude 'lots' is not a number, so the hotspot is not drawn.");
+}
+
+TEST(DensityMapNotices, NegativeDensityAndAmplitudeAreDrawnWithoutASentence) {
+  DensityMapInputs inputs = UniformInputs("-2", "5");
+  inputs.hotspots = {{"15", "5", "2", "-1"}};
+  const MapModel model = Build(inputs);
+  EXPECT_TRUE(model.HasSurface());
+  EXPECT_TRUE(model.notices.empty());
+  ASSERT_EQ(model.hotspots.size(), 1u);
+  EXPECT_EQ(model.hotspots[0].amplitude, -1.0);
+  EXPECT_LE(model.value_min, -2.0);  // the negative density, and the dip's tail reaching into it
+  EXPECT_LT(model.value_max, 5.0);   // the dip, not a bump
+}
+
 TEST(DensityMapNotices, NoDensityOption) {
   DensityMapInputs inputs = UniformInputs("1", "1");
   inputs.description = "";

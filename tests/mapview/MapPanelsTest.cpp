@@ -148,6 +148,19 @@ TEST_F(MapPanelsTest, UnusableValueIsASentenceOnTheMapNotAMessageBox) {
   EXPECT_FALSE(AnyMessageBox());
 }
 
+TEST_F(MapPanelsTest, GridSpacingBeyondADoubleIsASentenceOnTheMap) {
+  OpenSample();
+  const int64_t before = density_map_->Redraws();
+  Density().txtGridSpace.UserType("1e999");
+  ASSERT_TRUE(WaitForRedraw(before));
+  const auto& model = density_map_->Model();
+  EXPECT_FALSE(model->HasSurface());
+  ASSERT_FALSE(model->notices.empty());
+  EXPECT_EQ(model->notices.back(),
+            "The grid spacing '1e999' is not a number, so the surface cannot be drawn.");
+  EXPECT_FALSE(AnyMessageBox());
+}
+
 // A host that offers the project interfaces but not the geometry one.
 class ProjectWithoutGeometry : public ProjectDatabase {
  public:

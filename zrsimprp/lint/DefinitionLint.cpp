@@ -1,11 +1,14 @@
 #include "zrsimprp/lint/DefinitionLint.h"
 
+#include <algorithm>
 #include <cmath>
 
+#include "zrsimprp/entries/EntryKeys.h"
 #include "zrsimprp/host/Conversions.h"
 #include "zrsimprp/lint/ClosestName.h"
 #include "zrsimprp/lint/EntryCatalogue.h"
 #include "zrsimprp/lint/LintCodes.h"
+#include "zrsimprp/surface/DensitySurfaceReader.h"
 
 namespace zrsimprp {
 
@@ -30,6 +33,27 @@ std::string Join(const std::vector<std::string>& words) {
 }
 
 bool IsBooleanWord(std::string_view text) { return TextEquals(text, "True") || TextEquals(text, "False"); }
+
+// The lint's code and sentence for a problem the density surface reader found in a value, where
+// `subject` names the value ("The grid spacing"). Blank and unreadable texts are not numbers.
+std::pair<const char*, std::string> SurfaceValueFinding(const DensitySurfaceProblem& problem,
+                                                        const std::string& subject) {
+  const std::string shown(TrimBlanks(problem.text));
+  switch (problem.kind) {
+    case SurfaceProblemKind::kNegative:
+      return {lint_code::kNegative, subject + " is " + shown + "; it cannot be negative."};
+    case SurfaceProblemKind::kNotPositive:
+      return {lint_code::kNotPositive, subject + " is " + shown + "; it must be greater than 0."};
+    default:
+      return {lint_code::kNotANumber, subject + " is " + Quoted(problem.text) + ", which is not a number."};
+  }
+}
+
+// How the lint names a hotspot's values.
+const char* HotspotValueName(HotspotField field) {
+  static const char* const kNames[kHotspotFields] = {"centre X", "centre Y", "sigma", "amplitude"};
+  return kNames[static_cast<std::size_t>(field)];
+}
 
 // A probability sum counts as 1 within rounding of a few typed decimals; the pages' own test is exact.
 constexpr double kSumTolerance = 1e-9;
@@ -226,36 +250,56 @@ void DefinitionLint::CheckDensity(const DefinitionEntry& entry) {
   }
   const bool uniform = TextEquals(entry.value, "Uniform");
   if (!uniform && !TextEquals(entry.value, "Simple")) return;
+  DensitySurfaceInputs inputs;
   if (uniform) {
-    const std::vector<std::string> densities = Split(FieldValue(entry, 0), ',');
-    read_.densities_given = densities.size();
-    CheckColumnCount(entry, "Densities", "densities", densities.size());
-    for (std::size_t i = 0; i < densities.size(); ++i) {
-      const std::string stratum = StratumName(i);
-      CheckNumber("Densities", "The density for stratum '" + stratum + "'", densities[i], kNotNegative,
-                  "stratum", stratum);
+    inputs.densities = Split(FieldValue(entry, 0), ',');
+    read_.densities_given = inputs.densities.size();
+    CheckColumnCount(entry, "Densities", "densities", inputs.densities.size());
+    inputs.strata.reserve(inputs.densities.size());
+    for (std::size_t i = 0; i < inputs.densities.size(); ++i) inputs.strata.push_back(StratumName(i));
+  }
+  if (entry.field_count >= 2) inputs.grid_spacing = FieldValue(entry, 1);
+  for (const DensitySurfaceProblem& problem : DensitySurfaceReader::Read(inputs).problems) {
+    const bool density = problem.input == SurfaceInput::kStratumDensity;
+    const auto [code, sentence] = SurfaceValueFinding(
+        problem, density ? "The density for stratum '" + problem.stratum + "'" : "The grid spacing");
+    Finding& finding = Add(code, Severity::kError, entry.key, density ? "Densities" : "GridSpace", sentence);
+    if (density) {
+      finding.place_kind = "stratum";
+      finding.place = problem.stratum;
     }
   }
-  if (entry.field_count >= 2) CheckNumber("GridSpace", "The grid spacing", FieldValue(entry, 1), kPositive);
 }
 
 void DefinitionLint::CheckHotspot(const DefinitionEntry& entry) {
-  // Hotspots are numbered by their order among the "Hotspot" entries, as the page adds their rows.
+  // Hotspots are numbered by their order among the hotspot entries, as the page adds their rows.
   const std::string place = std::to_string(++read_.hotspot_count);
-  const std::vector<std::string> values = Split(FieldValue(entry, 0), ',');
-  if (values.size() < 4) {
-    Add(lint_code::kListLengthsDiffer, Severity::kError, entry.key, entry.field_names[0],
-        "The entry \"Hotspot\" gives " + std::to_string(values.size()) + " values for hotspot " + place +
-            " but needs four (X, Y, Sig, Amp), so reading the definition stops here with an internal error.");
-    report_.findings.back().place_kind = "hotspot";
-    report_.findings.back().place = place;
+  DensitySurfaceInputs inputs;
+  inputs.hotspots.push_back(Split(FieldValue(entry, 0), ','));
+  const std::vector<DensitySurfaceProblem> problems = DensitySurfaceReader::Read(inputs).problems;
+  const std::string& field = entry.field_names[0];
+  // A row short of values stops the reading there, so its other values are never judged.
+  const auto short_of = std::find_if(
+      problems.begin(), problems.end(),
+      [](const DensitySurfaceProblem& problem) { return problem.kind == SurfaceProblemKind::kMissing; });
+  if (short_of != problems.end()) {
+    Finding& finding =
+        Add(lint_code::kListLengthsDiffer, Severity::kError, entry.key, field,
+            "The entry " + Quoted(entry_key::kHotspot) + " gives " +
+                std::to_string(static_cast<std::size_t>(short_of->field)) + " values for hotspot " + place +
+                " but needs four (X, Y, Sig, Amp), so reading the definition stops here with an internal "
+                "error.");
+    finding.place_kind = "hotspot";
+    finding.place = place;
     return;
   }
-  const std::string& field = entry.field_names[0];
-  CheckNumber(field, "The centre X of hotspot " + place, values[0], kAnyNumber, "hotspot", place);
-  CheckNumber(field, "The centre Y of hotspot " + place, values[1], kAnyNumber, "hotspot", place);
-  CheckNumber(field, "The sigma of hotspot " + place, values[2], kPositive, "hotspot", place);
-  CheckNumber(field, "The amplitude of hotspot " + place, values[3], kNotNegative, "hotspot", place);
+  for (const DensitySurfaceProblem& problem : problems) {
+    const auto [code, sentence] = SurfaceValueFinding(
+        problem, "The " + std::string(HotspotValueName(problem.field)) + " of hotspot " + place);
+    Finding& finding = Add(code, Severity::kError, entry.key, field, sentence);
+    finding.place_kind = "hotspot";
+    finding.place = place;
+  }
 }
 
 void DefinitionLint::CheckPopSize(const DefinitionEntry& entry) {
@@ -460,21 +504,23 @@ void DefinitionLint::CheckAfterReading() {
   const std::optional<std::size_t> strata = StrataCount();
   if (!strata) return;
   line_ = 0;
+  std::vector<std::string> names;
+  names.reserve(*strata);
+  for (std::size_t i = 0; i < *strata; ++i) names.push_back(StratumName(i));
   auto missing = [&](const std::string& entry, const std::string& field, const std::string& what,
                      std::size_t given) {
-    for (std::size_t i = given; i < *strata; ++i) {
-      const std::string stratum = StratumName(i);
+    for (const DensitySurfaceProblem& problem : DensitySurfaceReader::StrataWithoutValue(names, given)) {
       Finding& finding = Add(lint_code::kStratumWithoutValue, Severity::kWarning, entry, field,
-                             "The entry " + Quoted(entry) + " gives no " + what + " for stratum '" + stratum +
-                                 "', which keeps 0.");
+                             "The entry " + Quoted(entry) + " gives no " + what + " for stratum '" +
+                                 problem.stratum + "', which keeps 0.");
       finding.place_kind = "stratum";
-      finding.place = stratum;
+      finding.place = problem.stratum;
     }
   };
   if (TextEquals(read_.density_description, "Uniform"))
-    missing("Density", "Densities", "density", read_.densities_given);
+    missing(entry_key::kDensity, "Densities", "density", read_.densities_given);
   if (TextEquals(read_.population_size, "Fixed N") || TextEquals(read_.population_size, "Fixed D")) {
-    missing("PopSize", "Values", "population size", read_.population_values_given);
+    missing(entry_key::kPopSize, "Values", "population size", read_.population_values_given);
   }
 }
 

@@ -2,14 +2,12 @@
 
 #include <muParser.h>
 
-#include "zrsimprp/host/Conversions.h"
+#include "zrsimprp/surface/DensitySurfaceReader.h"
 
 namespace zrsimprp {
 
 std::string DensityFormula::Expression(const std::string& text) {
-  std::string_view rest = TrimBlanks(text);
-  if (!rest.empty() && rest.front() == '=') rest = TrimBlanks(rest.substr(1));
-  return std::string(rest);
+  return DensitySurfaceReader::FormulaExpression(text);
 }
 
 DensityFormula::DensityFormula(const std::string& text)

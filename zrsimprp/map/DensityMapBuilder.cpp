@@ -5,8 +5,10 @@
 #include <limits>
 
 #include "zrsimprp/host/Conversions.h"
+#include "zrsimprp/host/RuntimeError.h"
 #include "zrsimprp/map/DensityFormula.h"
 #include "zrsimprp/map/MapNumber.h"
+#include "zrsimprp/surface/DensitySurfaceReader.h"
 
 namespace zrsimprp {
 
@@ -74,10 +76,54 @@ MapPoint LabelPoint(const StratumGeometry& stratum) {
   return best;
 }
 
+// A DSM field's value as a number; false when it is not one (or beyond a double).
 bool ReadNumber(const std::string& text, double& value) {
   if (!IsNumeric(text)) return false;
-  value = ToDouble(text);
+  try {
+    value = ToDouble(text);
+  } catch (const RuntimeError&) {
+    return false;
+  }
   return std::isfinite(value);
+}
+
+// The map's sentence for a problem the surface reader found in a typed value; "" for a problem the
+// map draws anyway (a negative density or amplitude is shown as it is). `name` is the stratum's name
+// or the heading of the hotspot's column.
+std::string Notice(const DensitySurfaceProblem& problem, const std::string& name) {
+  const bool blank =
+      problem.kind == SurfaceProblemKind::kBlank || problem.kind == SurfaceProblemKind::kMissing;
+  const bool not_a_number =
+      problem.kind == SurfaceProblemKind::kNotANumber || problem.kind == SurfaceProblemKind::kNotFinite;
+  switch (problem.input) {
+    case SurfaceInput::kGridSpacing:
+      if (blank) return "The grid spacing is blank, so the surface cannot be drawn.";
+      if (not_a_number) {
+        return "The grid spacing '" + problem.text + "' is not a number, so the surface cannot be drawn.";
+      }
+      return "The grid spacing must be greater than 0 for the surface to be drawn.";
+    case SurfaceInput::kStratumDensity:
+      if (blank) return "The density of stratum '" + name + "' is blank, so the surface cannot be drawn.";
+      if (not_a_number) {
+        return "The density of stratum '" + name + "' ('" + problem.text +
+               "') is not a number, so the surface cannot be drawn.";
+      }
+      return "";
+    case SurfaceInput::kFormula:
+      return "The formula is empty: type one, such as = -100 + x*1.02 + y*1.15, to see the surface.";
+    case SurfaceInput::kHotspot: {
+      const std::string value = "Hotspot " + std::to_string(problem.index + 1) + ": the " + name;
+      if (blank) return value + " is blank, so the hotspot is not drawn.";
+      if (not_a_number) {
+        return value + " '" + problem.text + "' is not a number, so the hotspot is not drawn.";
+      }
+      if (problem.kind == SurfaceProblemKind::kNotPositive) {
+        return value + " must be greater than 0, so the hotspot is not drawn.";
+      }
+      return "";
+    }
+  }
+  return "";
 }
 
 // The surface is kept in single precision: a value beyond its range cannot be drawn.
@@ -135,10 +181,11 @@ MapModel DensityMapBuilder::Build(const MapLayers& layers, const DensityMapInput
   MapModel model;
   AddOutlines(model, layers);
   if (!model.Drawable()) return model;
-  const std::vector<Hotspot> hotspots = ReadHotspots(inputs, model);
+  const DensitySurfaceReading reading = DensitySurfaceReader::Read(inputs.SurfaceInputs());
+  const std::vector<Hotspot> hotspots = ReadHotspots(inputs, reading, model);
 
   double spacing = 0;
-  if (!ReadSpacing(inputs.grid_spacing, model, spacing)) return model;
+  if (!ReadSpacing(inputs.grid_spacing, reading, model, spacing)) return model;
   if (previous != nullptr && previous->strata == model.strata && previous->raster &&
       previous->raster->Spacing() == spacing) {
     model.raster = previous->raster;
@@ -157,10 +204,10 @@ MapModel DensityMapBuilder::Build(const MapLayers& layers, const DensityMapInput
 
   bool computed = false;
   if (TextEquals(inputs.description, "Uniform")) {
-    computed = UniformValues(inputs, model);
+    computed = UniformValues(inputs, reading, model);
     model.legend = "Relative density: each stratum's typed density";
   } else if (TextEquals(inputs.description, "Simple")) {
-    computed = FormulaValues(inputs, model);
+    computed = FormulaValues(inputs, reading, model);
     model.legend = "Relative density: the formula at each grid cell's centre";
   } else if (TextEquals(inputs.description, "DSM")) {
     computed = DsmValues(layers, model);
@@ -189,20 +236,13 @@ MapModel DensityMapBuilder::Build(const MapLayers& layers, const DensityMapInput
   return model;
 }
 
-bool DensityMapBuilder::ReadSpacing(const std::string& text, MapModel& model, double& spacing) {
-  if (TrimBlanks(text).empty()) {
-    model.notices.push_back("The grid spacing is blank, so the surface cannot be drawn.");
+bool DensityMapBuilder::ReadSpacing(const std::string& text, const DensitySurfaceReading& reading,
+                                    MapModel& model, double& spacing) {
+  if (const DensitySurfaceProblem* problem = reading.ProblemOf(*reading.grid_spacing)) {
+    model.notices.push_back(Notice(*problem, ""));
     return false;
   }
-  if (!ReadNumber(text, spacing)) {
-    model.notices.push_back("The grid spacing '" + text +
-                            "' is not a number, so the surface cannot be drawn.");
-    return false;
-  }
-  if (!(spacing > 0)) {
-    model.notices.push_back("The grid spacing must be greater than 0 for the surface to be drawn.");
-    return false;
-  }
+  spacing = *reading.grid_spacing->number;
   const double cells = StrataRaster::CellCount(model.extent, spacing);
   if (cells > kMaxCells) {
     model.notices.push_back("The grid spacing " + std::string(TrimBlanks(text)) + " would need " +
@@ -215,31 +255,25 @@ bool DensityMapBuilder::ReadSpacing(const std::string& text, MapModel& model, do
 }
 
 std::vector<DensityMapBuilder::Hotspot> DensityMapBuilder::ReadHotspots(const DensityMapInputs& inputs,
+                                                                        const DensitySurfaceReading& reading,
                                                                         MapModel& model) {
   std::vector<Hotspot> hotspots;
-  for (size_t i = 0; i < inputs.hotspots.size(); ++i) {
+  for (size_t i = 0; i < reading.hotspots.size(); ++i) {
     const std::string row = std::to_string(i + 1);
-    double numbers[4] = {0, 0, 0, 0};
-    bool usable = true;
-    for (size_t col = 0; col < 4 && usable; ++col) {
-      const std::string& cell = inputs.hotspots[i][col];
-      const std::string& heading = inputs.hotspot_headings[col];
-      if (TrimBlanks(cell).empty()) {
-        model.notices.push_back("Hotspot " + row + ": the " + heading +
-                                " is blank, so the hotspot is not drawn.");
-        usable = false;
-      } else if (!ReadNumber(cell, numbers[col])) {
-        model.notices.push_back("Hotspot " + row + ": the " + heading + " '" + cell +
-                                "' is not a number, so the hotspot is not drawn.");
-        usable = false;
-      }
+    const auto& values = reading.hotspots[i];
+    // The first value without a number keeps the hotspot off the map; then a sigma that is not above
+    // 0. A negative amplitude is drawn: it makes a dip.
+    const DensitySurfaceProblem* problem = nullptr;
+    for (size_t col = 0; col < values.size() && !problem; ++col) {
+      if (!values[col].number) problem = reading.ProblemOf(values[col]);
     }
-    if (usable && !(numbers[2] > 0)) {
-      model.notices.push_back("Hotspot " + row + ": the " + inputs.hotspot_headings[2] +
-                              " must be greater than 0, so the hotspot is not drawn.");
-      usable = false;
+    if (!problem) problem = reading.ProblemOf(values[static_cast<size_t>(HotspotField::kSigma)]);
+    if (problem) {
+      model.notices.push_back(Notice(*problem, inputs.hotspot_headings[static_cast<size_t>(problem->field)]));
+      continue;
     }
-    if (!usable) continue;
+    double numbers[kHotspotFields];
+    for (size_t col = 0; col < kHotspotFields; ++col) numbers[col] = *values[col].number;
     Hotspot hotspot;
     hotspot.usable = true;
     hotspot.mark.row = static_cast<int32_t>(i + 1);
@@ -265,7 +299,8 @@ std::string DensityMapBuilder::StratumName(const DensityMapInputs& inputs, const
   return std::to_string(index + 1);
 }
 
-bool DensityMapBuilder::UniformValues(const DensityMapInputs& inputs, MapModel& model) {
+bool DensityMapBuilder::UniformValues(const DensityMapInputs& inputs, const DensitySurfaceReading& reading,
+                                      MapModel& model) {
   const size_t strata = model.strata->strata.size();
   if (inputs.densities.size() != strata) {
     model.notices.push_back("The density table has " + std::to_string(inputs.densities.size()) +
@@ -275,20 +310,15 @@ bool DensityMapBuilder::UniformValues(const DensityMapInputs& inputs, MapModel& 
   }
   std::vector<float> by_stratum(strata);
   for (size_t i = 0; i < strata; ++i) {
-    const std::string& cell = inputs.densities[i];
-    double value = 0;
-    if (TrimBlanks(cell).empty()) {
-      model.notices.push_back("The density of stratum '" + StratumName(inputs, model, i) +
-                              "' is blank, so the surface cannot be drawn.");
+    const DensitySurfaceReading::Value& density = reading.densities[i];
+    if (!density.number) {
+      model.notices.push_back(Notice(*reading.ProblemOf(density), StratumName(inputs, model, i)));
       return false;
     }
-    if (!ReadNumber(cell, value)) {
-      model.notices.push_back("The density of stratum '" + StratumName(inputs, model, i) + "' ('" + cell +
-                              "') is not a number, so the surface cannot be drawn.");
-      return false;
-    }
+    const double value = *density.number;
     if (!FitsTheSurface(value)) {
-      model.notices.push_back("The density of stratum '" + StratumName(inputs, model, i) + "' ('" + cell +
+      model.notices.push_back("The density of stratum '" + StratumName(inputs, model, i) + "' ('" +
+                              inputs.densities[i] +
                               "') is too large to draw, so the surface cannot be drawn.");
       return false;
     }
@@ -302,16 +332,16 @@ bool DensityMapBuilder::UniformValues(const DensityMapInputs& inputs, MapModel& 
   return true;
 }
 
-bool DensityMapBuilder::FormulaValues(const DensityMapInputs& inputs, MapModel& model) {
-  DensityFormula formula(inputs.formula);
-  if (formula.Empty()) {
-    model.notices.push_back(
-        "The formula is empty: type one, such as = -100 + x*1.02 + y*1.15, to see the surface.");
+bool DensityMapBuilder::FormulaValues(const DensityMapInputs& inputs, const DensitySurfaceReading& reading,
+                                      MapModel& model) {
+  if (reading.formula_problem) {
+    model.notices.push_back(Notice(reading.problems[*reading.formula_problem], ""));
     return false;
   }
+  DensityFormula formula(inputs.formula);
   if (!formula.Parses()) {
-    model.notices.push_back("The formula '" + DensityFormula::Expression(inputs.formula) +
-                            "' cannot be evaluated (" + formula.Error() + "), so the surface is not drawn.");
+    model.notices.push_back("The formula '" + reading.formula + "' cannot be evaluated (" + formula.Error() +
+                            "), so the surface is not drawn.");
     return false;
   }
   const StrataRaster& raster = *model.raster;

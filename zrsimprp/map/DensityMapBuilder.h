@@ -7,6 +7,7 @@
 #include "zrsimprp/map/DensityMapInputs.h"
 #include "zrsimprp/map/MapLayers.h"
 #include "zrsimprp/map/MapModel.h"
+#include "zrsimprp/surface/DensitySurfaceReading.h"
 
 namespace zrsimprp {
 
@@ -36,10 +37,14 @@ class DensityMapBuilder {
   };
 
   static void AddOutlines(MapModel& model, const MapLayers& layers);
-  static bool ReadSpacing(const std::string& text, MapModel& model, double& spacing);
-  static std::vector<Hotspot> ReadHotspots(const DensityMapInputs& inputs, MapModel& model);
-  static bool UniformValues(const DensityMapInputs& inputs, MapModel& model);
-  static bool FormulaValues(const DensityMapInputs& inputs, MapModel& model);
+  static bool ReadSpacing(const std::string& text, const DensitySurfaceReading& reading, MapModel& model,
+                          double& spacing);
+  static std::vector<Hotspot> ReadHotspots(const DensityMapInputs& inputs,
+                                           const DensitySurfaceReading& reading, MapModel& model);
+  static bool UniformValues(const DensityMapInputs& inputs, const DensitySurfaceReading& reading,
+                            MapModel& model);
+  static bool FormulaValues(const DensityMapInputs& inputs, const DensitySurfaceReading& reading,
+                            MapModel& model);
   static bool DsmValues(const MapLayers& layers, MapModel& model);
   static void AddBumps(const std::vector<Hotspot>& hotspots, MapModel& model);
   // False when the bumps pushed a value beyond what the surface holds.

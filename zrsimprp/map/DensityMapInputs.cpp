@@ -50,4 +50,16 @@ DensityMapInputs DensityMapInputs::FromPage(const CPagDensity& page) {
   return inputs;
 }
 
+DensitySurfaceInputs DensityMapInputs::SurfaceInputs() const {
+  DensitySurfaceInputs surface;
+  surface.strata = strata;
+  surface.densities = densities;
+  surface.formula = formula;
+  surface.grid_spacing = grid_spacing;
+  surface.hotspots.reserve(hotspots.size());
+  for (const std::array<std::string, 4>& cells : hotspots)
+    surface.hotspots.emplace_back(cells.begin(), cells.end());
+  return surface;
+}
+
 }  // namespace zrsimprp

@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+#include "zrsimprp/surface/DensitySurfaceInputs.h"
+
 namespace zrsimprp {
 
 class CPagDensity;
@@ -22,6 +24,9 @@ struct DensityMapInputs {
   std::vector<std::array<std::string, 4>> hotspots;  // only when "Add Hotspots" is ticked
 
   static DensityMapInputs FromPage(const CPagDensity& page);
+  // The texts the density surface reader reads: the densities, the formula, the grid spacing and
+  // the hotspots.
+  DensitySurfaceInputs SurfaceInputs() const;
 };
 
 }  // namespace zrsimprp

@@ -5,13 +5,14 @@
 #include <QPointer>
 #include <QThreadPool>
 #include <QVBoxLayout>
+#include <optional>
 
-#include "zrsimprp/host/Conversions.h"
 #include "zrsimprp/map/DensityMapBuilder.h"
 #include "zrsimprp/modules/CModGlobal.h"
 #include "zrsimprp/pages/CPagDensity/CPagDensity.h"
 #include "zrsimprp/pages/CPagSimulation/CPagSimulation.h"
 #include "zrsimprp/qt/map/MapCanvas.h"
+#include "zrsimprp/surface/DensitySurfaceReader.h"
 
 namespace zrsimprp {
 
@@ -104,9 +105,11 @@ void DensityMapPanel::Recompute(bool wait) {
   const int64_t generation = ++generation_;
   const std::shared_ptr<const MapLayers> layers = layers_;
   const std::shared_ptr<const MapModel> previous = model_;
-  const double cells = layers->region && IsNumeric(inputs.grid_spacing)
-                           ? StrataRaster::CellCount(layers->region_extent, ToDouble(inputs.grid_spacing))
-                           : 0;
+  DensitySurfaceInputs spacing_only;
+  spacing_only.grid_spacing = inputs.grid_spacing;
+  const std::optional<double> spacing = DensitySurfaceReader::Read(spacing_only).grid_spacing->number;
+  const double cells =
+      layers->region && spacing ? StrataRaster::CellCount(layers->region_extent, *spacing) : 0;
   const auto build = [layers, inputs, previous]() {
     return std::make_shared<const MapModel>(DensityMapBuilder::Build(*layers, inputs, previous.get()));
   };
