@@ -25,7 +25,7 @@ install(TARGETS ${zrsimprp_exported} EXPORT ZrSIMPrpTargets
   INCLUDES DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
 
 # Public headers keep their paths: #include "zrsimprp/control/SIMProperties.h".
-set(header_folders zrsimprp/host zrsimprp/modules zrsimprp/pages zrsimprp/control zrsimprp/lint
+set(header_folders zrsimprp/host zrsimprp/modules zrsimprp/pages zrsimprp/control zrsimprp/entries zrsimprp/lint
                    zrsimprp/map)
 if(ZRSIMPRP_HAS_WIDGETS)
   list(APPEND header_folders zrsimprp/qt)

@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "zrsimprp/entries/ValueRule.h"
 #include "zrsimprp/lint/DefinitionEntries.h"
 #include "zrsimprp/lint/Finding.h"
 #include "zrsimprp/lint/ProjectFacts.h"
@@ -29,10 +30,20 @@ class DefinitionLint {
   Report Check(std::string_view text);
 
  private:
-  // What a number must be, beyond being one.
-  enum Rule { kAnyNumber, kNotNegative, kPositive, kWholePositive, kWholeNotNegative, kProbability };
+  // What a number must be, beyond being one (the entry table's rules, by their short names here).
+  using Rule = NumberRule;
+  static constexpr Rule kAnyNumber = NumberRule::kAnyNumber;
+  static constexpr Rule kNotNegative = NumberRule::kNotNegative;
+  static constexpr Rule kPositive = NumberRule::kPositive;
+  static constexpr Rule kWholePositive = NumberRule::kWholePositive;
+  static constexpr Rule kWholeNotNegative = NumberRule::kWholeNotNegative;
+  static constexpr Rule kProbability = NumberRule::kProbability;
+  // The lint's own check of an entry whose table row says it has one.
+  using OwnCheck = void (DefinitionLint::*)(const DefinitionEntry& entry);
 
   void CheckEntry(const DefinitionEntries::Located& located);
+  void CheckValue(const DefinitionEntry& entry, const ValueRule& rule);
+  static OwnCheck OwnCheckOf(const std::string& key);
   void CheckFields(const DefinitionEntry& entry);
   void CheckTransects(const DefinitionEntry& entry);
   void CheckStrataLayer(const DefinitionEntry& entry);

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace zrsimprp {
+
+// What a number must be, beyond being one.
+enum class NumberRule {
+  kAnyNumber,
+  kNotNegative,
+  kPositive,
+  kWholePositive,
+  kWholeNotNegative,
+  kProbability
+};
+
+// What `zrsim check` expects of an entry's main value. An entry whose value and fields depend on each
+// other (a description word choosing the fields, values per stratum...) has a check of its own in the
+// lint; the simple ones are described here and checked alike.
+struct ValueRule {
+  enum class Kind {
+    kFree,       // anything goes (a name, a layer the project is asked about elsewhere)
+    kNumber,     // a number following `number`, named `subject` in findings
+    kWord,       // one of `words`; `consequence` says what the page does with another
+    kBoolean,    // True or False; `consequence` says what the page does with another
+    kReference,  // the identifier of a project object ("0" for none)
+    kOwnCheck    // the lint's own check of this entry
+  };
+
+  static ValueRule Free() { return ValueRule(); }
+  static ValueRule Number(NumberRule number, const std::string& subject);
+  static ValueRule Word(const std::vector<std::string>& words, const std::string& consequence);
+  static ValueRule Boolean(const std::string& consequence);
+  static ValueRule Reference();
+  static ValueRule OwnCheck();
+
+  Kind kind = Kind::kFree;
+  NumberRule number = NumberRule::kAnyNumber;
+  std::string subject;
+  std::vector<std::string> words;
+  std::string consequence;
+};
+
+}  // namespace zrsimprp
