@@ -52,7 +52,7 @@ EntryRow DensityRow() {
   row.value_rule = ValueRule::OwnCheck();
   row.show = [](SIMProperties& control, EntryShow& show) {
     CPagDensity& page = control.pagDensity;
-    show.Section("Density");
+    show.Section(entry_key::kDensity);  // the page is named like its entry
     std::string description;
     show.Line("Surface", [&] { return description = page.Description(); });
     if (TextEquals(description, "Uniform")) {

@@ -43,7 +43,7 @@ EntryRow DetectabilityRow() {
   row.value_rule = ValueRule::OwnCheck();
   row.show = [](SIMProperties& control, EntryShow& show) {
     CPagDetectability& page = control.pagDetectability;
-    show.Section("Detectability");
+    show.Section(entry_key::kDetectability);  // the page is named like its entry
     show.Line("Detection function", [&] { return page.DetFunction(); });
     show.Line("Parameters by stratum", [&] { return page.ParamByStratum(); });
   };
