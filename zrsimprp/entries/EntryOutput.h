@@ -25,7 +25,6 @@ class EntryOutput {
   // key=value without fields, whatever the slots hold.
   void AppendWithoutFields(const std::string& key, const std::string& value);
 
-  const std::string& Text() const { return text_; }
   std::string TakeText() { return std::move(text_); }
 
  private:

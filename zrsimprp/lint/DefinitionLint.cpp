@@ -75,23 +75,21 @@ void DefinitionLint::CheckEntry(const DefinitionEntries::Located& located) {
   const DefinitionEntry& entry = located.entry;
   line_ = located.line;
   current_key_ = entry.key;
-  const std::string key = EntryCatalogue::KnownKey(entry.key);
-  if (key.empty()) {
+  const EntryRow* row = EntryTable::Find(entry.key);
+  if (row == nullptr) {
     const std::string closest = ClosestName::Among(entry.key, EntryCatalogue::Keys());
     Add(lint_code::kUnknownEntry, Severity::kWarning, entry.key, "",
-        "The entry " + Quoted(entry.key) +
-            " is not read by any page, so it is ignored and dropped on the next save; the closest known "
-            "entry "
-            "is " +
-            Quoted(closest) + ".")
+        "The entry " + Quoted(entry.key) + " is not read by any page, so it is ignored and dropped on the " +
+            "next save; the closest known entry is " + Quoted(closest) + ".")
         .suggestion = closest;
     return;
   }
   CheckFields(entry);
-  CheckValue(entry, EntryTable::Find(key)->value_rule);
+  CheckValue(entry, *row);
 }
 
-void DefinitionLint::CheckValue(const DefinitionEntry& entry, const ValueRule& rule) {
+void DefinitionLint::CheckValue(const DefinitionEntry& entry, const EntryRow& row) {
+  const ValueRule& rule = row.value_rule;
   switch (rule.kind) {
     case ValueRule::Kind::kFree:
       break;
@@ -108,7 +106,7 @@ void DefinitionLint::CheckValue(const DefinitionEntry& entry, const ValueRule& r
       CheckReference(entry);
       break;
     case ValueRule::Kind::kOwnCheck:
-      (this->*OwnCheckOf(EntryCatalogue::KnownKey(entry.key)))(entry);
+      (this->*OwnCheckOf(row.key))(entry);
       break;
   }
 }
@@ -379,8 +377,7 @@ void DefinitionLint::CheckDetectability(const DefinitionEntry& entry) {
   if (entry.field_count > 0 && !IsBooleanWord(TrimBlanks(by_stratum))) {
     Add(lint_code::kNotABooleanIgnored, Severity::kWarning, entry.key, "ParamByStratum",
         "The value " + Quoted(by_stratum) +
-            " of the field \"ParamByStratum\" is not True or False, so it is read "
-            "as False.");
+            " of the field \"ParamByStratum\" is not True or False, so it is read as False.");
   }
 }
 
@@ -413,9 +410,8 @@ void DefinitionLint::CheckParallel(const DefinitionEntry& entry) {
   if (!IsBooleanWord(value) && !IsNumeric(value)) {
     Add(lint_code::kNotABooleanStopsReading, Severity::kError, entry.key, "",
         "The value " + Quoted(entry.value) + " of the entry " + Quoted(entry_key::kParallelProcessing) +
-            " is not True, False or a number, so reading the definition "
-            "stops "
-            "here with an internal error.");
+            " is not True, False or a number, so reading the definition stops here with an internal "
+            "error.");
     return;
   }
   if (EntryCatalogue::FieldsRead(entry) == 0 || entry.field_count < 1) return;
@@ -436,8 +432,7 @@ void DefinitionLint::CheckReference(const DefinitionEntry& entry) {
     Add(lint_code::kUnknownModelDefinition, Severity::kError, entry.key, "",
         "The project has no model definition " + Quoted(id) +
             " that can be chosen (MRDS with method ds, or MA), so the page selects its first model "
-            "definition "
-            "instead.");
+            "definition instead.");
   }
 }
 
@@ -479,9 +474,8 @@ void DefinitionLint::CheckAfterReading() {
       line_ = line;
       Finding& finding = Add(lint_code::kShapeUnused, Severity::kWarning, entry_key::kDetFuncParam, "Shape",
                              "The entry " + Quoted(entry_key::kDetFuncParam) +
-                                 " for \"Shape\" is not used by the Half-Normal "
-                                 "detection function, so it is "
-                                 "dropped on the next save.");
+                                 " for \"Shape\" is not used by the Half-Normal detection function, so "
+                                 "it is dropped on the next save.");
       finding.place_kind = "parameter";
       finding.place = "Shape";
     }

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "zrsimprp/entries/ValueRule.h"
+#include "zrsimprp/entries/EntryRow.h"
 #include "zrsimprp/lint/DefinitionEntries.h"
 #include "zrsimprp/lint/Finding.h"
 #include "zrsimprp/lint/ProjectFacts.h"
@@ -42,7 +42,7 @@ class DefinitionLint {
   using OwnCheck = void (DefinitionLint::*)(const DefinitionEntry& entry);
 
   void CheckEntry(const DefinitionEntries::Located& located);
-  void CheckValue(const DefinitionEntry& entry, const ValueRule& rule);
+  void CheckValue(const DefinitionEntry& entry, const EntryRow& row);
   static OwnCheck OwnCheckOf(const std::string& key);
   void CheckFields(const DefinitionEntry& entry);
   void CheckTransects(const DefinitionEntry& entry);
