@@ -15,7 +15,10 @@ FieldLayout CategoricalFields(const std::string&, const std::string&) {
 }
 
 FieldLayout ContinuousFields(const std::string&, const std::string&) {
-  return FieldLayout{{"distribution", "param"}, 2};
+  return FieldLayout{{"distribution", "param"},
+                     2,
+                     FieldLayout::Naming::kByPosition,
+                     {ValueRule::Word({"Normal", "Log-Normal"}, "so no distribution is chosen")}};
 }
 
 EntryRow CategoricalCovRow() {
@@ -35,7 +38,7 @@ EntryRow CategoricalCovRow() {
     out.SetFields(CategoricalFields("", "").names, {page.CategoricalValues(0), page.CategoricalValues(1)});
     out.Append(entry_key::kCategoricalCov, page.CategoricalName());
   };
-  row.value_rule = ValueRule::OwnCheck();
+  row.own_check = true;  // levels and probabilities
   row.show = [](SIMProperties& control, EntryShow& show) {
     CPagPopulationCovars& page = control.pagCovariates;
     show.Section("Covariates");
@@ -68,7 +71,7 @@ EntryRow ContinuousCovRow() {
     out.SetFields(ContinuousFields("", "").names, {page.ContinuousDist(), page.ContinuousParams()});
     out.Append(entry_key::kContinuousCov, page.ContinuousName());
   };
-  row.value_rule = ValueRule::OwnCheck();
+  row.own_check = true;  // mu and sigma
   row.show = [](SIMProperties& control, EntryShow& show) {
     CPagPopulationCovars& page = control.pagCovariates;
     bool continuous = false;

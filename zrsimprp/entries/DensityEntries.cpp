@@ -49,7 +49,7 @@ EntryRow DensityRow() {
     // Any other description keeps the slots of the last entry that set them; the engine expects it so.
     out.Append(entry_key::kDensity, description);
   };
-  row.value_rule = ValueRule::OwnCheck();
+  row.own_check = true;  // the description, the densities per stratum and the grid spacing
   row.show = [](SIMProperties& control, EntryShow& show) {
     CPagDensity& page = control.pagDensity;
     show.Section(entry_key::kDensity);  // the page is named like its entry
@@ -93,7 +93,7 @@ EntryRow HotspotRow() {
     }
   };
   row.adds_one_each = true;
-  row.value_rule = ValueRule::OwnCheck();
+  row.own_check = true;  // the four numbers
   row.show = [](SIMProperties& control, EntryShow& show) {
     CPagDensity& page = control.pagDensity;
     int16_t hotspots = 0;

@@ -12,7 +12,10 @@ namespace zrsimprp {
 namespace {
 
 FieldLayout DetectabilityFields(const std::string&, const std::string&) {
-  return FieldLayout{{"ParamByStratum"}, 1};
+  return FieldLayout{{"ParamByStratum"},
+                     1,
+                     FieldLayout::Naming::kByPosition,
+                     {ValueRule::Boolean("so it is read as False").WhenGiven()}};
 }
 
 // The one field is named after its parameter ("Scale", "Shape", "cluster size", ...).
@@ -40,7 +43,8 @@ EntryRow DetectabilityRow() {
     out.SetFields(DetectabilityFields("", "").names, {page.ParamByStratum()});
     out.Append(entry_key::kDetectability, det_function);
   };
-  row.value_rule = ValueRule::OwnCheck();
+  row.value_rule = ValueRule::Word({"Half-Normal", "Hazard Rate"}, "so \"Half-Normal\" is selected");
+  row.own_check = true;  // which function the parameter entries after it are for
   row.show = [](SIMProperties& control, EntryShow& show) {
     CPagDetectability& page = control.pagDetectability;
     show.Section(entry_key::kDetectability);  // the page is named like its entry
@@ -77,7 +81,7 @@ EntryRow DetFuncParamRow() {
       AppendParameter(out, name, page.Param(i));
     }
   };
-  row.value_rule = ValueRule::OwnCheck();
+  row.own_check = true;  // the parameter's values
   row.show = [](SIMProperties& control, EntryShow& show) {
     CPagDetectability& page = control.pagDetectability;
     int16_t params = 0;

@@ -36,8 +36,10 @@ struct EntryRow {
   void (*write)(SIMProperties& control, EntryOutput& out) = nullptr;
   // Each entry adds one more of its kind (a later one does not override an earlier one).
   bool adds_one_each = false;
-  // What `zrsim check` expects of the main value.
+  // What `zrsim check` expects of the main value (the fields' rules are in their layout).
   ValueRule value_rule;
+  // The lint has a check of its own for what the rules cannot say (strata, references, lists).
+  bool own_check = false;
   // Shows the page values this entry is written from; null when it shows none.
   void (*show)(SIMProperties& control, EntryShow& show) = nullptr;
   std::vector<EntryDocLine> doc;

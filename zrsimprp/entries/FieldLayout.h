@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+#include "zrsimprp/entries/ValueRule.h"
+
 namespace zrsimprp {
 
 // The fields of one entry for one value: their names as they are written, in slot order, and how
@@ -19,6 +21,8 @@ struct FieldLayout {
   std::vector<std::string> names;
   std::size_t read = 0;
   Naming naming = Naming::kByPosition;
+  // What `zrsim check` expects of each field, in slot order; a field without one takes anything.
+  std::vector<ValueRule> rules = {};
 };
 
 }  // namespace zrsimprp

@@ -34,7 +34,7 @@ EntryRow ParallelProcessingRow() {
     out.SetFields(ParallelFields("", "").names, {page.Cores()});
     out.Append(entry_key::kParallelProcessing, parallel);
   };
-  row.value_rule = ValueRule::OwnCheck();
+  row.own_check = true;  // the Boolean that stops the reading, and the core limit
   row.show = [](SIMProperties& control, EntryShow& show) {
     CPagMisc& page = control.pagMisc;
     show.Section("Misc");

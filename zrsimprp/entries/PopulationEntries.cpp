@@ -18,8 +18,13 @@ FieldLayout PopSizeFields(const std::string& value, const std::string&) {
 
 FieldLayout ClustersFields(const std::string& value, const std::string& distribution) {
   if (!TextEquals(value, "True")) return FieldLayout();
-  if (TextEquals(distribution, "pmf")) return FieldLayout{{"Distribution", "size", "prob"}, 3};
-  return FieldLayout{{"Distribution", "param"}, 2};
+  const ValueRule distribution_rule =
+      ValueRule::Word({"pmf", "Poisson", "Negative-Binomial"}, "so no cluster size distribution is chosen");
+  if (TextEquals(distribution, "pmf")) {
+    return FieldLayout{
+        {"Distribution", "size", "prob"}, 3, FieldLayout::Naming::kByPosition, {distribution_rule}};
+  }
+  return FieldLayout{{"Distribution", "param"}, 2, FieldLayout::Naming::kByPosition, {distribution_rule}};
 }
 
 EntryRow PopSizeRow() {
@@ -42,7 +47,8 @@ EntryRow PopSizeRow() {
     }
     out.Append(entry_key::kPopSize, population_size);
   };
-  row.value_rule = ValueRule::OwnCheck();
+  row.value_rule = ValueRule::Word({"Fixed N", "Poisson N", "Fixed D"}, "so it changes nothing");
+  row.own_check = true;  // the values per stratum
   row.show = [](SIMProperties& control, EntryShow& show) {
     CPagPopulationDescription& page = control.pagPopulation;
     show.Section("Population");
@@ -89,7 +95,8 @@ EntryRow ClustersRow() {
     }
     out.Append(entry_key::kClusters, clustered);
   };
-  row.value_rule = ValueRule::OwnCheck();
+  row.value_rule = ValueRule::Boolean("so clusters are switched off");
+  row.own_check = true;  // the parameters, or the sizes and their probabilities
   row.show = [](SIMProperties& control, EntryShow& show) {
     CPagPopulationDescription& page = control.pagPopulation;
     std::string clustered;

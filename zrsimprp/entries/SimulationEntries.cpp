@@ -55,7 +55,9 @@ EntryRow TransectsRow() {
     out.SetFields(TransectsFields("", "").names, {page.TransectObjectID()});
     out.Append(entry_key::kTransects, page.TransectObjectType());
   };
-  row.value_rule = ValueRule::OwnCheck();
+  row.value_rule =
+      ValueRule::Word({"Design", "Survey"}, "so a single survey is chosen and its identifier is not read");
+  row.own_check = true;  // the design or survey must be in the project
   row.show = [](SIMProperties& control, EntryShow& show) {
     CPagSimulation& page = control.pagSimulation;
     show.Section("Simulation");
@@ -77,7 +79,7 @@ EntryRow StrataLayerRow() {
   row.write = [](SIMProperties& control, EntryOutput& out) {
     out.AppendWithoutFields(entry_key::kStrataLayer, control.pagSimulation.StrataLayer());
   };
-  row.value_rule = ValueRule::OwnCheck();
+  row.own_check = true;  // the layer must be offered for the survey; it brings the strata
   row.show = [](SIMProperties& control, EntryShow& show) {
     CPagSimulation& page = control.pagSimulation;
     show.Line("Region / strata layer", [&] { return page.StrataLayer(); });

@@ -31,9 +31,9 @@ ValueRule ValueRule::Reference() {
   return rule;
 }
 
-ValueRule ValueRule::OwnCheck() {
-  ValueRule rule;
-  rule.kind = Kind::kOwnCheck;
+ValueRule ValueRule::WhenGiven() const {
+  ValueRule rule = *this;
+  rule.when_given = true;
   return rule;
 }
 

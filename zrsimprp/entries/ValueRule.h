@@ -15,17 +15,16 @@ enum class NumberRule {
   kProbability
 };
 
-// What `zrsim check` expects of an entry's main value. An entry whose value and fields depend on each
-// other (a description word choosing the fields, values per stratum...) has a check of its own in the
-// lint; the simple ones are described here and checked alike.
+// What `zrsim check` expects of an entry's main value or of one of its fields. What depends on other
+// entries or on the project (values per stratum, lists that must match, parameters) is left to the
+// lint's own check of the entry (EntryRow::own_check).
 struct ValueRule {
   enum class Kind {
-    kFree,       // anything goes (a name, a layer the project is asked about elsewhere)
-    kNumber,     // a number following `number`, named `subject` in findings
-    kWord,       // one of `words`; `consequence` says what the page does with another
-    kBoolean,    // True or False; `consequence` says what the page does with another
-    kReference,  // the identifier of a project object ("0" for none)
-    kOwnCheck    // the lint's own check of this entry
+    kFree,      // anything goes (a name, a layer the project is asked about elsewhere)
+    kNumber,    // a number following `number`, named `subject` in findings
+    kWord,      // one of `words`; `consequence` says what the page does with another
+    kBoolean,   // True or False; `consequence` says what the page does with another
+    kReference  // the identifier of a project object ("0" for none)
   };
 
   static ValueRule Free() { return ValueRule(); }
@@ -33,13 +32,15 @@ struct ValueRule {
   static ValueRule Word(const std::vector<std::string>& words, const std::string& consequence);
   static ValueRule Boolean(const std::string& consequence);
   static ValueRule Reference();
-  static ValueRule OwnCheck();
+  // The same rule, checked only when the entry gives the field.
+  ValueRule WhenGiven() const;
 
   Kind kind = Kind::kFree;
   NumberRule number = NumberRule::kAnyNumber;
   std::string subject;
   std::vector<std::string> words;
   std::string consequence;
+  bool when_given = false;
 };
 
 }  // namespace zrsimprp

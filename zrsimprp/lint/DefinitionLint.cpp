@@ -85,28 +85,40 @@ void DefinitionLint::CheckEntry(const DefinitionEntries::Located& located) {
     return;
   }
   CheckFields(entry);
-  CheckValue(entry, *row);
+  CheckRules(entry, *row);
 }
 
-void DefinitionLint::CheckValue(const DefinitionEntry& entry, const EntryRow& row) {
-  const ValueRule& rule = row.value_rule;
+void DefinitionLint::CheckRules(const DefinitionEntry& entry, const EntryRow& row) {
+  CheckRule(entry, "", entry.value, row.value_rule);
+  const FieldLayout layout = EntryTable::Fields(entry);
+  for (std::size_t i = 0; i < layout.rules.size() && i < layout.names.size(); ++i) {
+    const ValueRule& rule = layout.rules[i];
+    if (rule.when_given && static_cast<std::ptrdiff_t>(i) >= entry.field_count) continue;
+    CheckRule(entry, layout.names[i], FieldValue(entry, i), rule);
+  }
+  if (row.own_check) (this->*OwnCheckOf(row.key))(entry);
+}
+
+void DefinitionLint::CheckRule(const DefinitionEntry& entry, const std::string& field,
+                               const std::string& value, const ValueRule& rule) {
   switch (rule.kind) {
     case ValueRule::Kind::kFree:
       break;
     case ValueRule::Kind::kNumber:
-      CheckNumber("", rule.subject, entry.value, rule.number);
+      CheckNumber(field, rule.subject, value, rule.number);
       break;
     case ValueRule::Kind::kWord:
-      CheckWord(entry, "", entry.value, rule.words, rule.consequence);
+      CheckWord(entry, field, value, rule.words, rule.consequence);
       break;
     case ValueRule::Kind::kBoolean:
-      CheckBoolean(entry, rule.consequence);
+      if (IsBooleanWord(TrimBlanks(value))) break;
+      Add(lint_code::kNotABooleanIgnored, Severity::kWarning, entry.key, field,
+          "The value " + Quoted(value) + (field.empty() ? " of the entry " + Quoted(entry.key) : "") +
+              (field.empty() ? "" : " of the field " + Quoted(field)) + " is not True or False, " +
+              rule.consequence + ".");
       break;
     case ValueRule::Kind::kReference:
       CheckReference(entry);
-      break;
-    case ValueRule::Kind::kOwnCheck:
-      (this->*OwnCheckOf(row.key))(entry);
       break;
   }
 }
@@ -169,8 +181,6 @@ void DefinitionLint::SelectSurvey(const std::string& survey_id) {
 }
 
 void DefinitionLint::CheckTransects(const DefinitionEntry& entry) {
-  CheckWord(entry, "", entry.value, {"Design", "Survey"},
-            "so a single survey is chosen and its identifier is not read");
   if (!facts_) return;
   const std::string id(TrimBlanks(FieldValue(entry, 0)));
   if (TextEquals(entry.value, "Design") && !facts_->HasDesign(id)) {
@@ -282,7 +292,6 @@ void DefinitionLint::CheckHotspot(const DefinitionEntry& entry) {
 }
 
 void DefinitionLint::CheckPopSize(const DefinitionEntry& entry) {
-  CheckWord(entry, "", entry.value, {"Fixed N", "Poisson N", "Fixed D"}, "so it changes nothing");
   if (TextEquals(entry.value, "Fixed N") || TextEquals(entry.value, "Poisson N") ||
       TextEquals(entry.value, "Fixed D")) {
     read_.population_size = entry.value;
@@ -303,11 +312,8 @@ void DefinitionLint::CheckPopSize(const DefinitionEntry& entry) {
 }
 
 void DefinitionLint::CheckClusters(const DefinitionEntry& entry) {
-  CheckBoolean(entry, "so clusters are switched off");
   if (!TextEquals(entry.value, "True")) return;
   const std::string& distribution = FieldValue(entry, 0);
-  CheckWord(entry, "Distribution", distribution, {"pmf", "Poisson", "Negative-Binomial"},
-            "so no cluster size distribution is chosen");
   if (TextEquals(distribution, "pmf")) {
     CheckPmf(entry);
     return;
@@ -362,8 +368,6 @@ void DefinitionLint::CheckCategorical(const DefinitionEntry& entry) {
 }
 
 void DefinitionLint::CheckContinuous(const DefinitionEntry& entry) {
-  const std::string& distribution = FieldValue(entry, 0);
-  CheckWord(entry, "distribution", distribution, {"Normal", "Log-Normal"}, "so no distribution is chosen");
   const std::vector<std::string> parameters = Split(FieldValue(entry, 1), ',');
   const std::string name = "the continuous covariate '" + entry.value + "'";
   if (!parameters.empty()) CheckNumber("param", "The mu of " + name, parameters[0], kAnyNumber);
@@ -371,14 +375,7 @@ void DefinitionLint::CheckContinuous(const DefinitionEntry& entry) {
 }
 
 void DefinitionLint::CheckDetectability(const DefinitionEntry& entry) {
-  CheckWord(entry, "", entry.value, {"Half-Normal", "Hazard Rate"}, "so \"Half-Normal\" is selected");
   read_.detection_function = TextEquals(entry.value, "Hazard Rate") ? "Hazard Rate" : "Half-Normal";
-  const std::string& by_stratum = FieldValue(entry, 0);
-  if (entry.field_count > 0 && !IsBooleanWord(TrimBlanks(by_stratum))) {
-    Add(lint_code::kNotABooleanIgnored, Severity::kWarning, entry.key, "ParamByStratum",
-        "The value " + Quoted(by_stratum) +
-            " of the field \"ParamByStratum\" is not True or False, so it is read as False.");
-  }
 }
 
 void DefinitionLint::CheckDetFuncParam(const DefinitionEntry& entry) {
@@ -557,13 +554,6 @@ void DefinitionLint::CheckWord(const DefinitionEntry& entry, const std::string& 
           " of the entry " + Quoted(entry.key) + " is not one of " + Join(words) + ", " + consequence +
           "; the closest is " + Quoted(closest) + ".")
       .suggestion = closest;
-}
-
-void DefinitionLint::CheckBoolean(const DefinitionEntry& entry, const std::string& consequence) {
-  if (IsBooleanWord(TrimBlanks(entry.value))) return;
-  Add(lint_code::kNotABooleanIgnored, Severity::kWarning, entry.key, "",
-      "The value " + Quoted(entry.value) + " of the entry " + Quoted(entry.key) + " is not True or False, " +
-          consequence + ".");
 }
 
 void DefinitionLint::CheckSum(const DefinitionEntry& entry, const std::string& field,

@@ -42,7 +42,10 @@ class DefinitionLint {
   using OwnCheck = void (DefinitionLint::*)(const DefinitionEntry& entry);
 
   void CheckEntry(const DefinitionEntries::Located& located);
-  void CheckValue(const DefinitionEntry& entry, const EntryRow& row);
+  // The rules the entry table gives the value and the fields, then the entry's own check.
+  void CheckRules(const DefinitionEntry& entry, const EntryRow& row);
+  void CheckRule(const DefinitionEntry& entry, const std::string& field, const std::string& value,
+                 const ValueRule& rule);
   static OwnCheck OwnCheckOf(const std::string& key);
   void CheckFields(const DefinitionEntry& entry);
   void CheckTransects(const DefinitionEntry& entry);
@@ -66,7 +69,6 @@ class DefinitionLint {
                    const std::string& place_kind = "", const std::string& place = "");
   void CheckWord(const DefinitionEntry& entry, const std::string& field, const std::string& word,
                  const std::vector<std::string>& words, const std::string& consequence);
-  void CheckBoolean(const DefinitionEntry& entry, const std::string& consequence);
   void CheckSum(const DefinitionEntry& entry, const std::string& field,
                 const std::vector<std::string>& probabilities);
   // Values given for the strata: more than the table has columns when they are read stops the reading.
