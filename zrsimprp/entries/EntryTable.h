@@ -9,6 +9,10 @@ namespace zrsimprp {
 
 // The definition entries, one row per key, in the order WriteDefinition writes them. Keys are
 // compared without regard to case.
+//
+// A new entry is a key in EntryKeys.h and a row in the *Entries.cpp of the page it is written from
+// (its reader, writer, fields, rules, summary lines and documentation line); DefinitionReader,
+// DefinitionWriter, the lint, `zrsim show` and the format document's test pick it up from there.
 class EntryTable {
  public:
   static const std::vector<EntryRow>& Rows();
