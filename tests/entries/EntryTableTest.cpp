@@ -17,7 +17,7 @@ const std::vector<std::string> kWriteOrder = {
 
 const std::string kStrata = "Transects=Survey /ObjectID=1;\r\nStrataLayer=Strata;\r\n";
 
-class EntryTable_ : public ControlTest {
+class EntryTableRoundTrip : public ControlTest {
  protected:
   // Writes the control opened on `text`, reads that back into a fresh control and writes again; the
   // two writes must be the same bytes. Gives the first write.
@@ -57,7 +57,7 @@ TEST(EntryTable, KeysAreFoundWithoutRegardToCase) {
   EXPECT_EQ(EntryTable::Find(""), nullptr);
 }
 
-TEST_F(EntryTable_, TheFullDefinitionIsWrittenInTableOrder) {
+TEST_F(EntryTableRoundTrip, TheFullDefinitionIsWrittenInTableOrder) {
   const std::string text =
       RoundTrip(kStrata +
                 "Reps=100;\r\nDensity=Uniform /Densities=1,2,3 /GridSpace=10;\r\n"
@@ -77,7 +77,7 @@ TEST_F(EntryTable_, TheFullDefinitionIsWrittenInTableOrder) {
   EXPECT_EQ(order, kWriteOrder);
 }
 
-TEST_F(EntryTable_, EveryKeyRoundTrips) {
+TEST_F(EntryTableRoundTrip, EveryKeyRoundTrips) {
   // The densities.
   EXPECT_NE(RoundTrip(kStrata + "Density=Uniform /Densities=1,2,3 /GridSpace=10;")
                 .find("Density=Uniform /Densities=1,2,3 /GridSpace=10;"),
@@ -132,14 +132,14 @@ TEST_F(EntryTable_, EveryKeyRoundTrips) {
   EXPECT_EQ(written_keys_, every_key);
 }
 
-TEST_F(EntryTable_, EveryKeyRoundTripsWithoutLineBreaks) {
+TEST_F(EntryTableRoundTrip, EveryKeyRoundTripsWithoutLineBreaks) {
   NoLineBreaks();
   const std::string text = RoundTrip(kStrata + "Hotspot=\"\" /X,Y,Sig,Amp=1,2,3,4;\r\nAnalyse=True;");
   EXPECT_EQ(text.find('\r'), std::string::npos);
   EXPECT_EQ(text.find('\n'), std::string::npos);
 }
 
-TEST_F(EntryTable_, CovariateParameterRowsRoundTripOnceTheirRowsExist) {
+TEST_F(EntryTableRoundTrip, CovariateParameterRowsRoundTripOnceTheirRowsExist) {
   // The control opens on the Detectability tab, which makes the cluster size and covariate rows.
   database_->SetSetting("SIMProperties", "CurrentTab", Variant(int16_t{3}));
   const std::string text = RoundTrip(
@@ -148,14 +148,14 @@ TEST_F(EntryTable_, CovariateParameterRowsRoundTripOnceTheirRowsExist) {
             std::string::npos);
 }
 
-TEST_F(EntryTable_, CovariateParameterRowsAreReadBeforeTheyExist) {
+TEST_F(EntryTableRoundTrip, CovariateParameterRowsAreReadBeforeTheyExist) {
   database_->SetSetting("SIMProperties", "CurrentTab", Variant(int16_t{3}));
   auto control =
       Open("Clusters=True /Distribution=Poisson /param=2;\r\nDetFuncParam=\"\" /\"cluster size\"=0.5;\r\n");
   EXPECT_NE(control->Definition().find("DetFuncParam=\"\" /\"cluster size\"=0;"), std::string::npos);
 }
 
-TEST_F(EntryTable_, DsmLayerAndFieldRoundTripThroughThePage) {
+TEST_F(EntryTableRoundTrip, DsmLayerAndFieldRoundTripThroughThePage) {
   std::string written[2];
   std::string text = "Density=DSM /Layer=L /Field=F;";
   for (std::string& out : written) {
@@ -173,7 +173,7 @@ TEST_F(EntryTable_, DsmLayerAndFieldRoundTripThroughThePage) {
   EXPECT_EQ(written[1], written[0]);
 }
 
-TEST_F(EntryTable_, AnotherDensityDescriptionCarriesTheSlotsOfTheEntryBefore) {
+TEST_F(EntryTableRoundTrip, AnotherDensityDescriptionCarriesTheSlotsOfTheEntryBefore) {
   // Before Initialize no density option is on: the entry is written with the Transects field.
   SIMProperties control(platform_);
   control.SetProjectDatabase(database_);
