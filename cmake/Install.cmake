@@ -26,7 +26,7 @@ install(TARGETS ${zrsimprp_exported} EXPORT ZrSIMPrpTargets
 
 # Public headers keep their paths, sub-folders included: #include "zrsimprp/control/SIMProperties.h",
 # "zrsimprp/qt/binders/GridBinder.h".
-set(header_folders zrsimprp/host zrsimprp/modules zrsimprp/pages zrsimprp/control zrsimprp/lint
+set(header_folders zrsimprp/host zrsimprp/modules zrsimprp/pages zrsimprp/control zrsimprp/entries zrsimprp/lint
                    zrsimprp/map zrsimprp/surface)
 if(ZRSIMPRP_HAS_WIDGETS)
   list(APPEND header_folders zrsimprp/qt)

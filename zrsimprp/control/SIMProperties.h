@@ -91,47 +91,6 @@ class SIMProperties {
   void StrataHandOver();
 
  private:
-  // The field slots of one write. They are shared by all entries and never cleared, so an entry
-  // that sets no fields of its own carries the last ones set.
-  struct FieldSlots {
-    static constexpr size_t kSlotCount = 11;
-    std::vector<std::string> names = std::vector<std::string>(kSlotCount);
-    std::vector<std::string> values = std::vector<std::string>(kSlotCount);
-    int32_t count = 0;
-  };
-  using EntryReader = void (SIMProperties::*)(const DefinitionEntry& entry);
-
-  // Definition text to pages and back.
-  void ReadDefinition(const std::string& text);
-  std::string WriteDefinition();
-  static EntryReader FindEntryReader(const std::string& key);
-  static const std::string& FieldValue(const DefinitionEntry& entry, size_t position);
-  void ReadTransects(const DefinitionEntry& entry);
-  void ReadStrataLayer(const DefinitionEntry& entry);
-  void ReadReps(const DefinitionEntry& entry);
-  void ReadDensity(const DefinitionEntry& entry);
-  void ReadHotspot(const DefinitionEntry& entry);
-  void ReadPopSize(const DefinitionEntry& entry);
-  void ReadClusters(const DefinitionEntry& entry);
-  void ReadCategoricalCov(const DefinitionEntry& entry);
-  void ReadContinuousCov(const DefinitionEntry& entry);
-  void ReadDetectability(const DefinitionEntry& entry);
-  void ReadDetFuncParam(const DefinitionEntry& entry);
-  void ReadAnalyse(const DefinitionEntry& entry);
-  void ReadDataFilter(const DefinitionEntry& entry);
-  void ReadModelDef(const DefinitionEntry& entry);
-  void ReadModelSelection(const DefinitionEntry& entry);
-  void ReadParallelProcessing(const DefinitionEntry& entry);
-  void WriteSimulationEntries(std::string& text, FieldSlots& slots, bool line_breaks);
-  void WriteDensityEntries(std::string& text, FieldSlots& slots, bool line_breaks);
-  void WritePopulationEntries(std::string& text, FieldSlots& slots, bool line_breaks);
-  void WriteCovariateEntries(std::string& text, FieldSlots& slots, bool line_breaks);
-  void WriteDetectabilityEntries(std::string& text, FieldSlots& slots, bool line_breaks);
-  void WriteAnalysisEntries(std::string& text, FieldSlots& slots, bool line_breaks);
-  void WriteMiscEntries(std::string& text, FieldSlots& slots, bool line_breaks);
-  static void Append(std::string& text, const std::string& key, const std::string& value, FieldSlots& slots,
-                     int32_t field_count, bool line_breaks);
-
   // Raises a run-time error when the project database is missing.
   std::shared_ptr<ProjectDatabase> RequireProjectDatabase();
 

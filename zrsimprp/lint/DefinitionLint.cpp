@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "zrsimprp/entries/EntryKeys.h"
+#include "zrsimprp/entries/EntryTable.h"
 #include "zrsimprp/host/Conversions.h"
 #include "zrsimprp/lint/ClosestName.h"
 #include "zrsimprp/lint/EntryCatalogue.h"
@@ -97,51 +98,84 @@ void DefinitionLint::CheckEntry(const DefinitionEntries::Located& located) {
   const DefinitionEntry& entry = located.entry;
   line_ = located.line;
   current_key_ = entry.key;
-  const std::string key = EntryCatalogue::KnownKey(entry.key);
-  if (key.empty()) {
+  const EntryRow* row = EntryTable::Find(entry.key);
+  if (row == nullptr) {
     const std::string closest = ClosestName::Among(entry.key, EntryCatalogue::Keys());
     Add(lint_code::kUnknownEntry, Severity::kWarning, entry.key, "",
-        "The entry " + Quoted(entry.key) +
-            " is not read by any page, so it is ignored and dropped on the next save; the closest known "
-            "entry "
-            "is " +
-            Quoted(closest) + ".")
+        "The entry " + Quoted(entry.key) + " is not read by any page, so it is ignored and dropped on the " +
+            "next save; the closest known entry is " + Quoted(closest) + ".")
         .suggestion = closest;
     return;
   }
   CheckFields(entry);
-  if (key == "Transects") CheckTransects(entry);
-  if (key == "StrataLayer") CheckStrataLayer(entry);
-  if (key == "Reps") CheckNumber("", "The number of repetitions", entry.value, kWholePositive);
-  if (key == "Density") CheckDensity(entry);
-  if (key == "Hotspot") CheckHotspot(entry);
-  if (key == "PopSize") CheckPopSize(entry);
-  if (key == "Clusters") CheckClusters(entry);
-  if (key == "CategoricalCov") CheckCategorical(entry);
-  if (key == "ContinuousCov") CheckContinuous(entry);
-  if (key == "Detectability") CheckDetectability(entry);
-  if (key == "DetFuncParam") CheckDetFuncParam(entry);
-  if (key == "Analyse") CheckBoolean(entry, "so it changes nothing");
-  if (key == "DataFilter" || key == "ModelDef") CheckReference(entry);
-  if (key == "ModelSelection") {
-    CheckWord(entry, "", entry.value, {"AIC", "AICc", "BIC"}, "so \"AIC\" is selected");
+  CheckRules(entry, *row);
+}
+
+void DefinitionLint::CheckRules(const DefinitionEntry& entry, const EntryRow& row) {
+  CheckRule(entry, "", entry.value, row.value_rule);
+  const FieldLayout layout = EntryTable::Fields(entry);
+  for (std::size_t i = 0; i < layout.rules.size() && i < layout.names.size(); ++i) {
+    const ValueRule& rule = layout.rules[i];
+    if (rule.when_given && static_cast<std::ptrdiff_t>(i) >= entry.field_count) continue;
+    CheckRule(entry, layout.names[i], FieldValue(entry, i), rule);
   }
-  if (key == "ParallelProcessing") CheckParallel(entry);
+  if (row.own_check) (this->*OwnCheckOf(row.key))(entry);
+}
+
+void DefinitionLint::CheckRule(const DefinitionEntry& entry, const std::string& field,
+                               const std::string& value, const ValueRule& rule) {
+  switch (rule.kind) {
+    case ValueRule::Kind::kFree:
+      break;
+    case ValueRule::Kind::kNumber:
+      CheckNumber(field, rule.subject, value, rule.number);
+      break;
+    case ValueRule::Kind::kWord:
+      CheckWord(entry, field, value, rule.words, rule.consequence);
+      break;
+    case ValueRule::Kind::kBoolean:
+      if (IsBooleanWord(TrimBlanks(value))) break;
+      Add(lint_code::kNotABooleanIgnored, Severity::kWarning, entry.key, field,
+          "The value " + Quoted(value) + (field.empty() ? " of the entry " + Quoted(entry.key) : "") +
+              (field.empty() ? "" : " of the field " + Quoted(field)) + " is not True or False, " +
+              rule.consequence + ".");
+      break;
+    case ValueRule::Kind::kReference:
+      CheckReference(entry);
+      break;
+  }
+}
+
+DefinitionLint::OwnCheck DefinitionLint::OwnCheckOf(const std::string& key) {
+  static const std::map<std::string, OwnCheck> kChecks = {
+      {entry_key::kTransects, &DefinitionLint::CheckTransects},
+      {entry_key::kStrataLayer, &DefinitionLint::CheckStrataLayer},
+      {entry_key::kDensity, &DefinitionLint::CheckDensity},
+      {entry_key::kHotspot, &DefinitionLint::CheckHotspot},
+      {entry_key::kPopSize, &DefinitionLint::CheckPopSize},
+      {entry_key::kClusters, &DefinitionLint::CheckClusters},
+      {entry_key::kCategoricalCov, &DefinitionLint::CheckCategorical},
+      {entry_key::kContinuousCov, &DefinitionLint::CheckContinuous},
+      {entry_key::kDetectability, &DefinitionLint::CheckDetectability},
+      {entry_key::kDetFuncParam, &DefinitionLint::CheckDetFuncParam},
+      {entry_key::kParallelProcessing, &DefinitionLint::CheckParallel},
+  };
+  return kChecks.at(key);
 }
 
 void DefinitionLint::CheckFields(const DefinitionEntry& entry) {
-  const std::string key = EntryCatalogue::KnownKey(entry.key);
-  const std::vector<std::string> known = EntryCatalogue::FieldNames(entry);
+  const FieldLayout layout = EntryTable::Fields(entry);
+  const std::vector<std::string>& known = layout.names;
   const std::size_t given = static_cast<std::size_t>(std::max(entry.field_count, 0));
   const std::size_t available = std::max<std::size_t>(given, 1);
-  const std::size_t read = EntryCatalogue::FieldsRead(entry);
+  const std::size_t read = layout.read;
   if (read > available && read <= known.size()) {
     const std::string& missing = known[available];
     Add(lint_code::kMissingField, Severity::kError, entry.key, missing,
         "The entry " + Quoted(entry.key) + " has no " + Ordinal(available) + " field " + Quoted(missing) +
             ", so reading the definition stops here with an internal error.");
   }
-  if (key == "DetFuncParam") return;
+  if (layout.naming == FieldLayout::Naming::kNamesParameter) return;
   for (std::size_t i = 0; i < given && i < entry.field_names.size(); ++i) {
     const std::string& name = entry.field_names[i];
     if (i >= known.size()) {
@@ -152,7 +186,7 @@ void DefinitionLint::CheckFields(const DefinitionEntry& entry) {
                                                 : "; the closest known field is " +
                                                       Quoted(ClosestName::Among(name, known)) + "."));
       if (!known.empty()) finding.suggestion = ClosestName::Among(name, known);
-    } else if (!TextEquals(name, known[i]) && !(key == "Density" && TextEquals(entry.value, "DSM"))) {
+    } else if (!TextEquals(name, known[i]) && layout.naming == FieldLayout::Naming::kByPosition) {
       Add(lint_code::kFieldReadByPosition, Severity::kWarning, entry.key, name,
           "The field " + Quoted(name) + " of the entry " + Quoted(entry.key) +
               " is read by its position as " + Quoted(known[i]) + " and is saved under that name.")
@@ -170,8 +204,6 @@ void DefinitionLint::SelectSurvey(const std::string& survey_id) {
 }
 
 void DefinitionLint::CheckTransects(const DefinitionEntry& entry) {
-  CheckWord(entry, "", entry.value, {"Design", "Survey"},
-            "so a single survey is chosen and its identifier is not read");
   if (!facts_) return;
   const std::string id(TrimBlanks(FieldValue(entry, 0)));
   if (TextEquals(entry.value, "Design") && !facts_->HasDesign(id)) {
@@ -237,7 +269,7 @@ void DefinitionLint::CheckColumnCount(const DefinitionEntry& entry, const std::s
           " but the table has " + std::to_string(shown) + (shown == 1 ? " column" : " columns") +
           " when it is read" +
           (read_.strata_handed_over ? " (the strata of " + Quoted(read_.layer) + ")"
-                                    : " (no \"StrataLayer\" entry comes before it)") +
+                                    : " (no " + Quoted(entry_key::kStrataLayer) + " entry comes before it)") +
           ", so reading the definition stops here with an internal error.");
 }
 
@@ -303,7 +335,6 @@ void DefinitionLint::CheckHotspot(const DefinitionEntry& entry) {
 }
 
 void DefinitionLint::CheckPopSize(const DefinitionEntry& entry) {
-  CheckWord(entry, "", entry.value, {"Fixed N", "Poisson N", "Fixed D"}, "so it changes nothing");
   if (TextEquals(entry.value, "Fixed N") || TextEquals(entry.value, "Poisson N") ||
       TextEquals(entry.value, "Fixed D")) {
     read_.population_size = entry.value;
@@ -324,11 +355,8 @@ void DefinitionLint::CheckPopSize(const DefinitionEntry& entry) {
 }
 
 void DefinitionLint::CheckClusters(const DefinitionEntry& entry) {
-  CheckBoolean(entry, "so clusters are switched off");
   if (!TextEquals(entry.value, "True")) return;
   const std::string& distribution = FieldValue(entry, 0);
-  CheckWord(entry, "Distribution", distribution, {"pmf", "Poisson", "Negative-Binomial"},
-            "so no cluster size distribution is chosen");
   if (TextEquals(distribution, "pmf")) {
     CheckPmf(entry);
     return;
@@ -349,8 +377,9 @@ void DefinitionLint::CheckPmf(const DefinitionEntry& entry) {
   const std::vector<std::string> probabilities = Split(FieldValue(entry, 2), ',');
   if (sizes.size() != probabilities.size()) {
     Add(lint_code::kListLengthsDiffer, Severity::kError, entry.key, "prob",
-        "The entry \"Clusters\" gives " + std::to_string(sizes.size()) + " cluster sizes but " +
-            std::to_string(probabilities.size()) + " probabilities; each size needs one probability.");
+        "The entry " + Quoted(entry_key::kClusters) + " gives " + std::to_string(sizes.size()) +
+            " cluster sizes but " + std::to_string(probabilities.size()) +
+            " probabilities; each size needs one probability.");
   }
   for (std::size_t i = 0; i < sizes.size(); ++i) {
     const std::string column = std::to_string(i + 1);
@@ -369,8 +398,9 @@ void DefinitionLint::CheckCategorical(const DefinitionEntry& entry) {
   const std::vector<std::string> probabilities = Split(FieldValue(entry, 1), ',');
   if (levels.size() != probabilities.size()) {
     Add(lint_code::kListLengthsDiffer, Severity::kError, entry.key, "prob",
-        "The entry \"CategoricalCov\" gives " + std::to_string(levels.size()) + " levels but " +
-            std::to_string(probabilities.size()) + " probabilities; each level needs one probability.");
+        "The entry " + Quoted(entry_key::kCategoricalCov) + " gives " + std::to_string(levels.size()) +
+            " levels but " + std::to_string(probabilities.size()) +
+            " probabilities; each level needs one probability.");
   }
   for (std::size_t i = 0; i < probabilities.size(); ++i) {
     const std::string level = i < levels.size() ? levels[i] : "column " + std::to_string(i + 1);
@@ -381,8 +411,6 @@ void DefinitionLint::CheckCategorical(const DefinitionEntry& entry) {
 }
 
 void DefinitionLint::CheckContinuous(const DefinitionEntry& entry) {
-  const std::string& distribution = FieldValue(entry, 0);
-  CheckWord(entry, "distribution", distribution, {"Normal", "Log-Normal"}, "so no distribution is chosen");
   const std::vector<std::string> parameters = Split(FieldValue(entry, 1), ',');
   const std::string name = "the continuous covariate '" + entry.value + "'";
   if (!parameters.empty()) CheckNumber("param", "The mu of " + name, parameters[0], kAnyNumber);
@@ -390,15 +418,7 @@ void DefinitionLint::CheckContinuous(const DefinitionEntry& entry) {
 }
 
 void DefinitionLint::CheckDetectability(const DefinitionEntry& entry) {
-  CheckWord(entry, "", entry.value, {"Half-Normal", "Hazard Rate"}, "so \"Half-Normal\" is selected");
   read_.detection_function = TextEquals(entry.value, "Hazard Rate") ? "Hazard Rate" : "Half-Normal";
-  const std::string& by_stratum = FieldValue(entry, 0);
-  if (entry.field_count > 0 && !IsBooleanWord(TrimBlanks(by_stratum))) {
-    Add(lint_code::kNotABooleanIgnored, Severity::kWarning, entry.key, "ParamByStratum",
-        "The value " + Quoted(by_stratum) +
-            " of the field \"ParamByStratum\" is not True or False, so it is read "
-            "as False.");
-  }
 }
 
 void DefinitionLint::CheckDetFuncParam(const DefinitionEntry& entry) {
@@ -408,7 +428,7 @@ void DefinitionLint::CheckDetFuncParam(const DefinitionEntry& entry) {
   const bool shape = TextEquals(name, "Shape");
   if (!scale && !shape) {
     Finding& finding = Add(lint_code::kParameterRowMissing, Severity::kWarning, entry.key, name,
-                           "The entry \"DetFuncParam\" for " + Quoted(name) +
+                           "The entry " + Quoted(entry_key::kDetFuncParam) + " for " + Quoted(name) +
                                " is read before the cluster size and covariate rows exist, so its value " +
                                Quoted(FieldValue(entry, 0)) + " is lost on the next save.");
     finding.place_kind = "parameter";
@@ -429,10 +449,9 @@ void DefinitionLint::CheckParallel(const DefinitionEntry& entry) {
   const std::string_view value = TrimBlanks(entry.value);
   if (!IsBooleanWord(value) && !IsNumeric(value)) {
     Add(lint_code::kNotABooleanStopsReading, Severity::kError, entry.key, "",
-        "The value " + Quoted(entry.value) +
-            " of the entry \"ParallelProcessing\" is not True, False or a number, so reading the definition "
-            "stops "
-            "here with an internal error.");
+        "The value " + Quoted(entry.value) + " of the entry " + Quoted(entry_key::kParallelProcessing) +
+            " is not True, False or a number, so reading the definition stops here with an internal "
+            "error.");
     return;
   }
   if (EntryCatalogue::FieldsRead(entry) == 0 || entry.field_count < 1) return;
@@ -444,17 +463,16 @@ void DefinitionLint::CheckParallel(const DefinitionEntry& entry) {
 void DefinitionLint::CheckReference(const DefinitionEntry& entry) {
   const std::string id(TrimBlanks(entry.value));
   if (!facts_ || id == "0") return;
-  if (TextEquals(entry.key, "DataFilter") && !facts_->HasDataFilter(id)) {
+  if (TextEquals(entry.key, entry_key::kDataFilter) && !facts_->HasDataFilter(id)) {
     Add(lint_code::kUnknownDataFilter, Severity::kError, entry.key, "",
         "The project has no data filter " + Quoted(id) +
             ", so the page selects its first data filter instead.");
   }
-  if (TextEquals(entry.key, "ModelDef") && !facts_->OffersModelDefinition(id)) {
+  if (TextEquals(entry.key, entry_key::kModelDef) && !facts_->OffersModelDefinition(id)) {
     Add(lint_code::kUnknownModelDefinition, Severity::kError, entry.key, "",
         "The project has no model definition " + Quoted(id) +
             " that can be chosen (MRDS with method ds, or MA), so the page selects its first model "
-            "definition "
-            "instead.");
+            "definition instead.");
   }
 }
 
@@ -463,10 +481,12 @@ void DefinitionLint::CheckDuplicates(const std::vector<DefinitionEntries::Locate
   std::map<std::string, std::pair<std::size_t, const DefinitionEntries::Located*>> seen;
   std::vector<std::string> order;
   for (const DefinitionEntries::Located& located : entries) {
-    const std::string key = EntryCatalogue::KnownKey(located.entry.key);
-    if (key.empty() || key == "Hotspot") continue;
-    std::string name = ToLowerAscii(key);
-    if (key == "DetFuncParam") {
+    const EntryRow* row = EntryTable::Find(located.entry.key);
+    // Entries that each add one more (hotspots) are not duplicates of one another.
+    if (row == nullptr || row->adds_one_each) continue;
+    std::string name = ToLowerAscii(row->key);
+    const FieldLayout layout = EntryTable::Fields(located.entry);
+    if (layout.naming == FieldLayout::Naming::kNamesParameter) {
       if (located.entry.field_count < 1) continue;
       name += "/" + ToLowerAscii(located.entry.field_names[0]);
     }
@@ -479,7 +499,7 @@ void DefinitionLint::CheckDuplicates(const std::vector<DefinitionEntries::Locate
     if (count < 2) continue;
     line_ = last->line;
     const DefinitionEntry& entry = last->entry;
-    const bool parameter = TextEquals(entry.key, "DetFuncParam");
+    const bool parameter = EntryTable::Fields(entry).naming == FieldLayout::Naming::kNamesParameter;
     Add(lint_code::kDuplicateEntry, Severity::kWarning, entry.key, parameter ? entry.field_names[0] : "",
         "The entry " + Quoted(entry.key) +
             (parameter ? " for " + Quoted(entry.field_names[0]) : std::string()) + " appears " +
@@ -492,10 +512,10 @@ void DefinitionLint::CheckAfterReading() {
   if (TextEquals(read_.detection_function, "Half-Normal")) {
     for (int line : read_.shape_lines) {
       line_ = line;
-      Finding& finding = Add(lint_code::kShapeUnused, Severity::kWarning, "DetFuncParam", "Shape",
-                             "The entry \"DetFuncParam\" for \"Shape\" is not used by the Half-Normal "
-                             "detection function, so it is "
-                             "dropped on the next save.");
+      Finding& finding = Add(lint_code::kShapeUnused, Severity::kWarning, entry_key::kDetFuncParam, "Shape",
+                             "The entry " + Quoted(entry_key::kDetFuncParam) +
+                                 " for \"Shape\" is not used by the Half-Normal detection function, so "
+                                 "it is dropped on the next save.");
       finding.place_kind = "parameter";
       finding.place = "Shape";
     }
@@ -579,13 +599,6 @@ void DefinitionLint::CheckWord(const DefinitionEntry& entry, const std::string& 
           " of the entry " + Quoted(entry.key) + " is not one of " + Join(words) + ", " + consequence +
           "; the closest is " + Quoted(closest) + ".")
       .suggestion = closest;
-}
-
-void DefinitionLint::CheckBoolean(const DefinitionEntry& entry, const std::string& consequence) {
-  if (IsBooleanWord(TrimBlanks(entry.value))) return;
-  Add(lint_code::kNotABooleanIgnored, Severity::kWarning, entry.key, "",
-      "The value " + Quoted(entry.value) + " of the entry " + Quoted(entry.key) + " is not True or False, " +
-          consequence + ".");
 }
 
 void DefinitionLint::CheckSum(const DefinitionEntry& entry, const std::string& field,

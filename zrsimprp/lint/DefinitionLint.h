@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "zrsimprp/entries/EntryRow.h"
 #include "zrsimprp/lint/DefinitionEntries.h"
 #include "zrsimprp/lint/Finding.h"
 #include "zrsimprp/lint/ProjectFacts.h"
@@ -29,10 +30,23 @@ class DefinitionLint {
   Report Check(std::string_view text);
 
  private:
-  // What a number must be, beyond being one.
-  enum Rule { kAnyNumber, kNotNegative, kPositive, kWholePositive, kWholeNotNegative, kProbability };
+  // What a number must be, beyond being one (the entry table's rules, by their short names here).
+  using Rule = NumberRule;
+  static constexpr Rule kAnyNumber = NumberRule::kAnyNumber;
+  static constexpr Rule kNotNegative = NumberRule::kNotNegative;
+  static constexpr Rule kPositive = NumberRule::kPositive;
+  static constexpr Rule kWholePositive = NumberRule::kWholePositive;
+  static constexpr Rule kWholeNotNegative = NumberRule::kWholeNotNegative;
+  static constexpr Rule kProbability = NumberRule::kProbability;
+  // The lint's own check of an entry whose table row says it has one.
+  using OwnCheck = void (DefinitionLint::*)(const DefinitionEntry& entry);
 
   void CheckEntry(const DefinitionEntries::Located& located);
+  // The rules the entry table gives the value and the fields, then the entry's own check.
+  void CheckRules(const DefinitionEntry& entry, const EntryRow& row);
+  void CheckRule(const DefinitionEntry& entry, const std::string& field, const std::string& value,
+                 const ValueRule& rule);
+  static OwnCheck OwnCheckOf(const std::string& key);
   void CheckFields(const DefinitionEntry& entry);
   void CheckTransects(const DefinitionEntry& entry);
   void CheckStrataLayer(const DefinitionEntry& entry);
@@ -55,7 +69,6 @@ class DefinitionLint {
                    const std::string& place_kind = "", const std::string& place = "");
   void CheckWord(const DefinitionEntry& entry, const std::string& field, const std::string& word,
                  const std::vector<std::string>& words, const std::string& consequence);
-  void CheckBoolean(const DefinitionEntry& entry, const std::string& consequence);
   void CheckSum(const DefinitionEntry& entry, const std::string& field,
                 const std::vector<std::string>& probabilities);
   // Values given for the strata: more than the table has columns when they are read stops the reading.
