@@ -8,6 +8,7 @@
 #include "zrsimprp/host/Conversions.h"
 #include "zrsimprp/lint/ClosestName.h"
 #include "zrsimprp/lint/EntryCatalogue.h"
+#include "zrsimprp/lint/FormPlace.h"
 #include "zrsimprp/lint/LintCodes.h"
 #include "zrsimprp/surface/DensitySurfaceReader.h"
 
@@ -78,6 +79,7 @@ DefinitionLint::Report DefinitionLint::Check(std::string_view text) {
   for (const DefinitionEntries::Located& located : entries.Entries()) CheckEntry(located);
   CheckDuplicates(entries.Entries());
   CheckAfterReading();
+  for (Finding& finding : report_.findings) FormPlace::Locate(finding);
   return report_;
 }
 
@@ -199,6 +201,7 @@ void DefinitionLint::SelectSurvey(const std::string& survey_id) {
   read_.survey = survey_id;
   read_.layer.clear();
   if (!facts_ || read_.survey.empty()) return;
+  read_.values.design = facts_->DesignOfSurvey(read_.survey);
   const std::vector<std::string>& layers = facts_->LayersOfferedFor(read_.survey);
   if (!layers.empty()) read_.layer = layers.front();
 }
@@ -206,6 +209,7 @@ void DefinitionLint::SelectSurvey(const std::string& survey_id) {
 void DefinitionLint::CheckTransects(const DefinitionEntry& entry) {
   if (!facts_) return;
   const std::string id(TrimBlanks(FieldValue(entry, 0)));
+  if (TextEquals(entry.value, "Design")) read_.values.design = id;
   if (TextEquals(entry.value, "Design") && !facts_->HasDesign(id)) {
     Add(lint_code::kUnknownDesign, Severity::kError, entry.key, "ObjectID",
         "The project has no design " + Quoted(id) + ", so the page selects its first design instead.");
@@ -224,6 +228,7 @@ void DefinitionLint::CheckTransects(const DefinitionEntry& entry) {
 
 void DefinitionLint::CheckStrataLayer(const DefinitionEntry& entry) {
   read_.strata_handed_over = true;
+  read_.values.layer_line = line_;
   if (!facts_ || TextEquals(entry.value, "None")) return;
   const std::vector<std::string>& offered = facts_->LayersOfferedFor(read_.survey);
   for (const std::string& layer : offered) {
@@ -276,6 +281,11 @@ void DefinitionLint::CheckColumnCount(const DefinitionEntry& entry, const std::s
 void DefinitionLint::CheckDensity(const DefinitionEntry& entry) {
   CheckWord(entry, "", entry.value, {"Uniform", "Simple", "DSM"}, "so it changes nothing");
   read_.density_description = entry.value;
+  read_.values.density_description = entry.value;
+  read_.values.density_line = line_;
+  read_.values.densities.clear();
+  read_.values.densities_given = 0;
+  read_.values.grid_spacing.reset();
   if (TextEquals(entry.value, "DSM") && entry.field_count > 0) {
     Add(lint_code::kDsmFieldsNotRead, Severity::kWarning, entry.key, entry.field_names[0],
         "The fields of a DSM density are not read back, so its layer and field are lost on the next save.");
@@ -285,12 +295,14 @@ void DefinitionLint::CheckDensity(const DefinitionEntry& entry) {
   DensitySurfaceInputs inputs;
   if (uniform) {
     inputs.densities = Split(FieldValue(entry, 0), ',');
-    read_.densities_given = inputs.densities.size();
+    read_.values.densities = inputs.densities;
+    read_.values.densities_given = inputs.densities.size();
     CheckColumnCount(entry, "Densities", "densities", inputs.densities.size());
     inputs.strata.reserve(inputs.densities.size());
     for (std::size_t i = 0; i < inputs.densities.size(); ++i) inputs.strata.push_back(StratumName(i));
   }
   if (entry.field_count >= 2) inputs.grid_spacing = FieldValue(entry, 1);
+  read_.values.grid_spacing = inputs.grid_spacing;
   for (const DensitySurfaceProblem& problem : DensitySurfaceReader::Read(inputs).problems) {
     const bool density = problem.input == SurfaceInput::kStratumDensity;
     const auto [code, sentence] = SurfaceValueFinding(
@@ -308,6 +320,7 @@ void DefinitionLint::CheckHotspot(const DefinitionEntry& entry) {
   const std::string place = std::to_string(++read_.hotspot_count);
   DensitySurfaceInputs inputs;
   inputs.hotspots.push_back(Split(FieldValue(entry, 0), ','));
+  read_.values.hotspots.push_back({inputs.hotspots.front(), entry.field_names[0], line_});
   const std::vector<DensitySurfaceProblem> problems = DensitySurfaceReader::Read(inputs).problems;
   const std::string& field = entry.field_names[0];
   // A row short of values stops the reading there, so its other values are never judged.
@@ -338,10 +351,12 @@ void DefinitionLint::CheckPopSize(const DefinitionEntry& entry) {
   if (TextEquals(entry.value, "Fixed N") || TextEquals(entry.value, "Poisson N") ||
       TextEquals(entry.value, "Fixed D")) {
     read_.population_size = entry.value;
+    read_.values.population_size = entry.value;
   }
   // The values are taken whatever the word, so too many of them stop the reading under any option.
   const std::vector<std::string> values = Split(FieldValue(entry, 0), ',');
-  read_.population_values_given = values.size();
+  read_.values.population_values = values;
+  read_.values.population_line = line_;
   CheckColumnCount(entry, "Values", "population sizes", values.size());
   const bool fixed_n = TextEquals(entry.value, "Fixed N");
   if (!fixed_n && !TextEquals(entry.value, "Fixed D")) return;
@@ -419,6 +434,7 @@ void DefinitionLint::CheckContinuous(const DefinitionEntry& entry) {
 
 void DefinitionLint::CheckDetectability(const DefinitionEntry& entry) {
   read_.detection_function = TextEquals(entry.value, "Hazard Rate") ? "Hazard Rate" : "Half-Normal";
+  read_.values.detection_function = read_.detection_function;
 }
 
 void DefinitionLint::CheckDetFuncParam(const DefinitionEntry& entry) {
@@ -436,6 +452,11 @@ void DefinitionLint::CheckDetFuncParam(const DefinitionEntry& entry) {
     return;
   }
   if (shape) read_.shape_lines.push_back(line_);
+  if (shape) read_.values.shapes = Split(FieldValue(entry, 0), ',');
+  if (scale) {
+    read_.values.scales = Split(FieldValue(entry, 0), ',');
+    read_.values.scale_line = line_;
+  }
   for (const std::string& value : Split(FieldValue(entry, 0), ',')) {
     if (!CheckNumber(name,
                      "The " + std::string(scale ? "scale" : "shape") + " parameter of the detection function",
@@ -520,28 +541,10 @@ void DefinitionLint::CheckAfterReading() {
       finding.place = "Shape";
     }
   }
-  // At the end of Initialize the strata reach the pages; strata beyond the values given keep "0".
-  const std::optional<std::size_t> strata = StrataCount();
-  if (!strata) return;
-  line_ = 0;
-  std::vector<std::string> names;
-  names.reserve(*strata);
-  for (std::size_t i = 0; i < *strata; ++i) names.push_back(StratumName(i));
-  auto missing = [&](const std::string& entry, const std::string& field, const std::string& what,
-                     std::size_t given) {
-    for (const DensitySurfaceProblem& problem : DensitySurfaceReader::StrataWithoutValue(names, given)) {
-      Finding& finding = Add(lint_code::kStratumWithoutValue, Severity::kWarning, entry, field,
-                             "The entry " + Quoted(entry) + " gives no " + what + " for stratum '" +
-                                 problem.stratum + "', which keeps 0.");
-      finding.place_kind = "stratum";
-      finding.place = problem.stratum;
-    }
-  };
-  if (TextEquals(read_.density_description, "Uniform"))
-    missing(entry_key::kDensity, "Densities", "density", read_.densities_given);
-  if (TextEquals(read_.population_size, "Fixed N") || TextEquals(read_.population_size, "Fixed D")) {
-    missing(entry_key::kPopSize, "Values", "population size", read_.population_values_given);
-  }
+  if (!facts_) return;
+  read_.values.layer = read_.layer;
+  for (Finding& finding : StrataLint(*facts_, read_.values).Check())
+    report_.findings.push_back(std::move(finding));
 }
 
 bool DefinitionLint::CheckNumber(const std::string& field, const std::string& subject,

@@ -10,6 +10,7 @@
 #include "zrsimprp/lint/DefinitionEntries.h"
 #include "zrsimprp/lint/Finding.h"
 #include "zrsimprp/lint/ProjectFacts.h"
+#include "zrsimprp/lint/StrataLint.h"
 
 namespace zrsimprp {
 
@@ -92,12 +93,12 @@ class DefinitionLint {
     std::string layer;
     bool strata_handed_over = false;
     std::string density_description;
-    std::size_t densities_given = 0;
     std::string population_size;
-    std::size_t population_values_given = 0;
     std::string detection_function = "Half-Normal";
     std::size_t hotspot_count = 0;
     std::vector<int> shape_lines;
+    // What the checks against the strata layer and the design need, gathered on the way.
+    StrataLint::Values values;
   };
   ReadState read_;
 };
