@@ -241,5 +241,20 @@ TEST(StrataLint, WithoutGeometryOnlyTheTextAndTheStrataAreChecked) {
   EXPECT_EQ(findings[0].code, lint_code::kZeroDensity);
 }
 
+TEST(StrataLint, AValueFindingOfOneStratumListsThatStratum) {
+  const std::vector<Finding> findings =
+      Lint(TractsProject(3), TractsDefinition({"Density=Uniform /Densities=1,-2,3 /GridSpace=100;",
+                                               "PopSize=\"Fixed N\" /Values=10,20,3.5;"}));
+  const Finding negative = Only(findings, lint_code::kNegative);
+  ASSERT_EQ(negative.strata.size(), 1u);
+  EXPECT_EQ(negative.strata[0].index, 1u);
+  EXPECT_EQ(negative.strata[0].id, "2");
+  EXPECT_EQ(negative.strata[0].name, "T2");
+  const Finding whole = Only(findings, lint_code::kNotWhole);
+  ASSERT_EQ(whole.strata.size(), 1u);
+  EXPECT_EQ(whole.strata[0].id, "3");
+  EXPECT_EQ(whole.page, "General");
+}
+
 }  // namespace
 }  // namespace zrsimprp

@@ -254,6 +254,17 @@ std::optional<std::size_t> DefinitionLint::StrataCount() const {
   return strata->size();
 }
 
+FindingStratum DefinitionLint::StratumAt(std::size_t index) const {
+  FindingStratum stratum;
+  stratum.index = index;
+  stratum.name = StratumName(index);
+  if (facts_ && !read_.layer.empty()) {
+    const std::vector<std::string>& ids = facts_->StrataIdsOf(read_.layer);
+    if (index < ids.size()) stratum.id = ids[index];
+  }
+  return stratum;
+}
+
 std::string DefinitionLint::StratumName(std::size_t index) const {
   if (facts_ && !read_.layer.empty()) {
     const auto& strata = facts_->StrataOf(read_.layer);
@@ -311,6 +322,7 @@ void DefinitionLint::CheckDensity(const DefinitionEntry& entry) {
     if (density) {
       finding.place_kind = "stratum";
       finding.place = problem.stratum;
+      finding.strata.push_back(StratumAt(problem.index));
     }
   }
 }
@@ -362,10 +374,12 @@ void DefinitionLint::CheckPopSize(const DefinitionEntry& entry) {
   if (!fixed_n && !TextEquals(entry.value, "Fixed D")) return;
   for (std::size_t i = 0; i < values.size(); ++i) {
     const std::string stratum = StratumName(i);
-    CheckNumber(
-        "Values",
-        (fixed_n ? "The population size N for stratum '" : "The density D for stratum '") + stratum + "'",
-        values[i], fixed_n ? kWholeNotNegative : kNotNegative, "stratum", stratum);
+    if (!CheckNumber(
+            "Values",
+            (fixed_n ? "The population size N for stratum '" : "The density D for stratum '") + stratum + "'",
+            values[i], fixed_n ? kWholeNotNegative : kNotNegative, "stratum", stratum)) {
+      report_.findings.back().strata.push_back(StratumAt(i));
+    }
   }
 }
 

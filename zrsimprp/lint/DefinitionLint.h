@@ -77,6 +77,8 @@ class DefinitionLint {
                         std::size_t count);
   // The stratum label for value column `index` (from 0) as the pages would show it.
   std::string StratumName(std::size_t index) const;
+  // The stratum of value column `index` as a finding lists it.
+  FindingStratum StratumAt(std::size_t index) const;
   void SelectSurvey(const std::string& survey_id);
   std::optional<std::size_t> StrataCount() const;
 
