@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <QApplication>
+#include <QLabel>
 #include <QLineEdit>
 #include <QTest>
 
@@ -69,6 +71,26 @@ TEST_F(LiveLintTest, ClickingAFindingGoesToItsPage) {
   ASSERT_EQ(window_->Properties().CurrentOuterTab(), 0);
   window_->Warnings().Activate(0);
   EXPECT_EQ(window_->Properties().CurrentOuterTab(), 1);
+}
+
+TEST_F(LiveLintTest, ClickingAFindingPutsTheFocusOnItsControl) {
+  OpenWindow();
+  window_->resize(window_->DefaultSize());
+  window_->show();
+  window_->activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(window_.get()));
+  TypeGridSpacing("1500");
+  WaitForTheCheck();
+  window_->Properties().ShowOuterTab(0);
+  // The line is a link to where the finding points.
+  auto* lines = window_->Warnings().findChild<QLabel*>("warningsLines");
+  ASSERT_NE(lines, nullptr);
+  ASSERT_NE(lines->text().indexOf("href=\"finding:0\""), -1) << lines->text().toStdString();
+  emit lines->linkActivated("finding:0");
+  EXPECT_EQ(window_->Properties().CurrentOuterTab(), 1);
+  QLineEdit* spacing = EditNamed(zrsimprp::AccessibleText::FromCaption(
+      window_->Properties().Control().pagDensity.labGridSpace.Caption()));
+  ASSERT_TRUE(QTest::qWaitFor([spacing] { return QApplication::focusWidget() == spacing; }, 2000));
 }
 
 TEST_F(LiveLintTest, SavingWithANewWarningAsksOnceAndGoBackKeepsTheFileAsItWas) {

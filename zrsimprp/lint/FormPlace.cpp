@@ -5,6 +5,7 @@
 #include "zrsimprp/control/PageTable.h"
 #include "zrsimprp/entries/EntryKeys.h"
 #include "zrsimprp/host/Conversions.h"
+#include "zrsimprp/lint/LintCodes.h"
 
 namespace zrsimprp {
 
@@ -19,7 +20,9 @@ bool Is(const std::string& text, const char* word) { return TextEquals(text, wor
 
 // The control that shows the entry's field ("" the entry's main value); false when no page shows it.
 bool PlaceOf(const std::string& key, const std::string& field, Place& place) {
-  if (Is(key, entry_key::kTransects))
+  if (Is(key, entry_key::kTransects) && Is(field, "Design"))
+    place = {PageId::kSimulation, "cboDesign"};
+  else if (Is(key, entry_key::kTransects))
     place = {PageId::kSimulation, "cboSurvey"};
   else if (Is(key, entry_key::kStrataLayer))
     place = {PageId::kSimulation, "cboRegionLayer"};
@@ -77,7 +80,9 @@ bool PlaceOf(const std::string& key, const std::string& field, Place& place) {
 void FormPlace::Locate(Finding& finding) {
   if (!finding.page.empty()) return;
   Place place{PageId::kSimulation, ""};
-  if (!PlaceOf(finding.entry, finding.field, place)) return;
+  // A design that does not exist is chosen in the design list, not the survey list.
+  const std::string field = finding.code == lint_code::kUnknownDesign ? "Design" : finding.field;
+  if (!PlaceOf(finding.entry, field, place)) return;
   finding.page = PageTable::Get(place.page).word;
   finding.control = place.control;
 }
