@@ -209,6 +209,42 @@ TEST(StrataLint, ValuesForFewerStrataThanTheLayerHasAreOneFindingPerEntry) {
   EXPECT_EQ(missing[1].control, "flxN");
 }
 
+TEST(StrataLint, NegativeDensitiesOfSeveralStrataAreOneFinding) {
+  const Finding finding =
+      Only(Lint(TractsProject(3), TractsDefinition({"Density=Uniform /Densities=-1,-2,3 /GridSpace=100;"})),
+           lint_code::kNegative);
+  EXPECT_EQ(finding.sentence,
+            "The density for 2 strata ('T1' and 'T2') is negative (-1 and -2); give each 0 or a positive "
+            "number.");
+  EXPECT_EQ(finding.severity, Severity::kError);
+  ASSERT_EQ(finding.strata.size(), 2u);
+  EXPECT_EQ(finding.strata[1].id, "2");
+  EXPECT_EQ(finding.place_kind, "");
+  EXPECT_EQ(finding.page, "Density");
+}
+
+TEST(StrataLint, AHundredStrataWithTheSameMistakeAreOneLine) {
+  std::string densities = "x";
+  std::string sizes = "1.5";
+  for (int i = 1; i < 100; ++i) {
+    densities += ",x";
+    sizes += ",1.5";
+  }
+  const std::vector<Finding> findings = Lint(
+      TractsProject(100), TractsDefinition({"Density=Uniform /Densities=" + densities + " /GridSpace=100;",
+                                            "PopSize=\"Fixed N\" /Values=" + sizes + ";"}));
+  EXPECT_EQ(findings.size(), 2u) << Describe(findings);
+  const Finding density = Only(findings, lint_code::kNotANumber);
+  EXPECT_EQ(density.sentence,
+            "The density for 100 strata ('T1', 'T2', 'T3', 'T4', 'T5' and 95 more) is not a number (\"x\", "
+            "\"x\", \"x\", \"x\", \"x\" and 95 more); type a number for each.");
+  EXPECT_EQ(density.strata.size(), 100u);
+  const Finding whole = Only(findings, lint_code::kNotWhole);
+  EXPECT_EQ(whole.sentence,
+            "The population size N for 100 strata ('T1', 'T2', 'T3', 'T4', 'T5' and 95 more) is not a whole "
+            "number (1.5, 1.5, 1.5, 1.5, 1.5 and 95 more); give each a whole number.");
+}
+
 TEST(StrataLint, StrataPhraseNamesAtMostFive) {
   std::vector<FindingStratum> strata;
   for (std::size_t i = 0; i < 5; ++i)

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstring>
 
 #include "zrsimprp/entries/EntryKeys.h"
 #include "zrsimprp/entries/EntryTable.h"
@@ -79,6 +80,7 @@ DefinitionLint::Report DefinitionLint::Check(std::string_view text) {
   for (const DefinitionEntries::Located& located : entries.Entries()) CheckEntry(located);
   CheckDuplicates(entries.Entries());
   CheckAfterReading();
+  MergeStrataFindings();
   for (Finding& finding : report_.findings) FormPlace::Locate(finding);
   return report_;
 }
@@ -559,6 +561,78 @@ void DefinitionLint::CheckAfterReading() {
   read_.values.layer = read_.layer;
   for (Finding& finding : StrataLint(*facts_, read_.values).Check())
     report_.findings.push_back(std::move(finding));
+}
+
+void DefinitionLint::MergeStrataFindings() {
+  // The value findings of one entry's field that differ only in their stratum: one cause.
+  struct Wording {
+    const char* code;
+    const char* tail;    // how the sentence of one stratum ends, after the value
+    const char* plural;  // what several are, before their values
+    const char* advice;
+  };
+  static const Wording kWordings[] = {
+      {lint_code::kNotANumber, ", which is not a number.", "not a number", "type a number for each"},
+      {lint_code::kNegative, "; it cannot be negative.", "negative", "give each 0 or a positive number"},
+      {lint_code::kNotWhole, "; it must be a whole number.", "not a whole number",
+       "give each a whole number"},
+  };
+  std::vector<Finding> merged;
+  std::vector<bool> taken(report_.findings.size(), false);
+  for (std::size_t i = 0; i < report_.findings.size(); ++i) {
+    if (taken[i]) continue;
+    Finding& first = report_.findings[i];
+    const Wording* wording = nullptr;
+    for (const Wording& candidate : kWordings) {
+      if (first.code == candidate.code) wording = &candidate;
+    }
+    const std::string marker = " for stratum '" + first.place + "' is ";
+    if (wording == nullptr || first.place_kind != "stratum" || first.strata.size() != 1 ||
+        first.sentence.find(marker) == std::string::npos) {
+      merged.push_back(std::move(first));
+      continue;
+    }
+    const std::string prefix = first.sentence.substr(0, first.sentence.find(marker));
+    std::vector<std::size_t> group;
+    std::vector<std::string> values;
+    for (std::size_t j = i; j < report_.findings.size(); ++j) {
+      const Finding& other = report_.findings[j];
+      const std::string other_marker = " for stratum '" + other.place + "' is ";
+      const std::string& sentence = other.sentence;
+      if (taken[j] || other.code != first.code || other.entry != first.entry || other.field != first.field ||
+          other.line != first.line || other.place_kind != "stratum" || other.strata.size() != 1 ||
+          sentence.compare(0, prefix.size() + other_marker.size(), prefix + other_marker) != 0 ||
+          sentence.size() < prefix.size() + other_marker.size() + std::strlen(wording->tail)) {
+        continue;
+      }
+      const std::size_t start = prefix.size() + other_marker.size();
+      values.push_back(sentence.substr(start, sentence.size() - start - std::strlen(wording->tail)));
+      group.push_back(j);
+    }
+    if (group.size() < 2) {
+      merged.push_back(std::move(first));
+      continue;
+    }
+    Finding one = first;
+    one.strata.clear();
+    for (std::size_t j : group) {
+      taken[j] = true;
+      one.strata.push_back(report_.findings[j].strata.front());
+    }
+    std::string shown;
+    const std::size_t named = std::min(values.size(), StrataLint::kNamedStrata);
+    for (std::size_t k = 0; k < named; ++k) {
+      if (k > 0) shown += k + 1 == named && values.size() == named ? " and " : ", ";
+      shown += values[k];
+    }
+    if (values.size() > named) shown += " and " + std::to_string(values.size() - named) + " more";
+    one.sentence = prefix + " for " + StrataLint::StrataPhrase(one.strata) + " is " + wording->plural + " (" +
+                   shown + "); " + wording->advice + ".";
+    one.place_kind.clear();
+    one.place.clear();
+    merged.push_back(std::move(one));
+  }
+  report_.findings = std::move(merged);
 }
 
 bool DefinitionLint::CheckNumber(const std::string& field, const std::string& subject,

@@ -64,6 +64,9 @@ class DefinitionLint {
   void CheckReference(const DefinitionEntry& entry);
   void CheckDuplicates(const std::vector<DefinitionEntries::Located>& entries);
   void CheckAfterReading();
+  // Makes the value findings of several strata with one cause (the same code, entry and field) one
+  // finding that names at most five strata and keeps them all in its list.
+  void MergeStrataFindings();
 
   // Checks one number; false when it is not a number or breaks the rule.
   bool CheckNumber(const std::string& field, const std::string& subject, const std::string& text, Rule rule,
