@@ -99,6 +99,12 @@ bool StrataGeometry::HoldsCellCentre(std::size_t stratum, double spacing) const 
   const double first_column = FirstCentreAtOrAbove(box.min_x, extent_.min_x, spacing);
   const double last_column = LastCentreAtOrBelow(box.max_x, extent_.min_x, spacing);
   if (first_row > last_row || first_column > last_column) return false;
+  // A stratum that spans this many rows times edges and still missed every centre would be a sliver
+  // thinner than the spacing along its whole length; it is taken as holding one rather than letting
+  // the check stall the editor's typing.
+  std::size_t edges = 0;
+  ForEachEdge(shapes_.strata[stratum], [&](const MapPoint&, const MapPoint&) { ++edges; });
+  if ((last_row - first_row + 1) * static_cast<double>(edges) > kMaxRowEdgeWork) return true;
   // Row by row, between the crossings of the stratum's edges (even-odd), until a centre is inside:
   // a stratum that is wide against the spacing answers on its first row.
   std::vector<double> crossings;

@@ -31,6 +31,9 @@ class StrataGeometry {
   // The strata (indices in layer order) that hold no cell centre of a grid of `spacing`.
   std::vector<std::size_t> StrataWithoutCellCentre(double spacing) const;
 
+  // The most rows times edges one stratum is searched for a cell centre.
+  static constexpr double kMaxRowEdgeWork = 50'000'000;
+
  private:
   bool HoldsCellCentre(std::size_t stratum, double spacing) const;
 
