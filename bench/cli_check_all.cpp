@@ -33,12 +33,14 @@ const std::string& ProjectWith(int count) {
   zrsimprp::SampleProject::Create(path);
   const std::string good = SampleSimulationText(path);
   auto project = zrsimprp::GeoPackageProject::Open(path);
-  // The sample itself is the first; the others are copies, every tenth with a misspelt entry and a
-  // negative density so that findings are written too.
+  // The sample itself is the first; the others are copies, every tenth with a misspelt entry, a
+  // negative density and a hotspot off the region so that findings are written too, the layer's
+  // polygons among what they read.
   for (int i = 2; i <= count; ++i) {
     std::string text = good;
     if (i % 10 == 0) {
       text.replace(text.find("Densities=2.5,1.5,3"), 19, "Densities=2.5,-1.5,3");
+      text.replace(text.find("800,1700"), 8, "90000,1700");
       text += "Repss=30;\r\n";
     }
     project->SaveSimulationDefinition("Simulation " + std::to_string(i), text);

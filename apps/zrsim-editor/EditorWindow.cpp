@@ -11,7 +11,9 @@
 #include <QShortcut>
 #include <QVBoxLayout>
 
+#include "zrsim-editor/FindingNavigator.h"
 #include "zrsim-editor/HelpBrowser.h"
+#include "zrsim-editor/LiveLint.h"
 #include "zrsim-editor/PersonalSettings.h"
 #include "zrsim-editor/WarningsBar.h"
 #include "zrsimprp/control/PageTable.h"
@@ -43,6 +45,8 @@ QString ChoiceText(EditorWindow::Choice choice) {
       return EditorWindow::tr("&Overwrite");
     case EditorWindow::Choice::kSaveAs:
       return EditorWindow::tr("Save &As…");
+    case EditorWindow::Choice::kSaveAnyway:
+      return EditorWindow::tr("&Save anyway");
   }
   return QString();
 }
@@ -52,6 +56,7 @@ QMessageBox::ButtonRole ChoiceRole(EditorWindow::Choice choice) {
     case EditorWindow::Choice::kSave:
     case EditorWindow::Choice::kOverwrite:
     case EditorWindow::Choice::kSaveAs:
+    case EditorWindow::Choice::kSaveAnyway:
       return QMessageBox::AcceptRole;
     case EditorWindow::Choice::kDiscard:
       return QMessageBox::DestructiveRole;
@@ -104,6 +109,11 @@ EditorWindow::EditorWindow(EditorDocument& document, QWidget* parent) : QDialog(
   layout->addWidget(properties_, 1);
   warnings_ = new WarningsBar(this);
   layout->addWidget(warnings_);
+  lint_ = new LiveLint([this] { return QuietDefinition(); }, this);
+  connect(properties_, &zrsimprp::SIMPropertiesWidget::ModelChanged, lint_, &LiveLint::Schedule);
+  connect(lint_, &LiveLint::Checked, warnings_, &WarningsBar::ShowFindings);
+  connect(warnings_, &WarningsBar::FindingActivated, this,
+          [this](const zrsimprp::Finding& finding) { FindingNavigator::GoTo(*properties_, finding); });
   layout->addWidget(buttons);
   UpdateTitle();
   UpdateButtons();
@@ -139,7 +149,16 @@ bool EditorWindow::Load() {
 }
 
 void EditorWindow::ShowWarnings() {
-  warnings_->ShowFindingsFor(document_.Project(), document_.SavedDefinition());
+  warnings_->ShowFindings(lint_->Saved(document_.Project(), document_.SavedDefinition()));
+}
+
+bool EditorWindow::MaySaveWithNewWarnings(const std::string& text) {
+  const std::vector<zrsimprp::Finding> fresh = lint_->NewSinceOpened(text);
+  if (fresh.empty()) return true;
+  lint_->CheckNow();  // the line under the tabs lists them while the question is asked
+  if (Ask(kNewWarningsQuestion, {Choice::kSaveAnyway, Choice::kGoBack}) != Choice::kSaveAnyway) return false;
+  lint_->Accept(fresh);
+  return true;
 }
 
 std::string EditorWindow::QuietDefinition() {
@@ -224,6 +243,7 @@ bool EditorWindow::Apply() {
   // The control shows the page's own message when the shown page is not valid.
   if (!ShownPageIsValid()) return false;
   const std::string text = properties_->Definition();
+  if (!text.empty() && !MaySaveWithNewWarnings(text)) return false;
   // Asked before saving; a save by someone else after the answer is still caught by the save itself.
   bool overwrite = false;
   if (!text.empty() && document_.ChangedElsewhere()) {
@@ -248,6 +268,7 @@ bool EditorWindow::SaveAs() {
     Tell(EditorDocument::kNotWrittenMessage);
     return false;
   }
+  if (!MaySaveWithNewWarnings(text)) return false;
   const std::string path = ChooseSaveAsPath();
   if (path.empty()) return false;
   EditorDocument::SaveOutcome outcome = document_.SaveAs(path, text);

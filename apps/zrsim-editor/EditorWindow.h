@@ -14,6 +14,7 @@ class QPushButton;
 namespace zrsim_editor {
 
 class HelpBrowser;
+class LiveLint;
 class WarningsBar;
 
 // The host's properties form: the control and OK / Cancel / Apply / Reset / Help. OK and Apply
@@ -25,7 +26,7 @@ class EditorWindow : public QDialog {
 
  public:
   // What a person can answer when the window asks.
-  enum class Choice { kSave, kDiscard, kGoBack, kOverwrite, kSaveAs };
+  enum class Choice { kSave, kDiscard, kGoBack, kOverwrite, kSaveAs, kSaveAnyway };
   // Where the window's own messages go; by default a modal box.
   using MessageSink = std::function<void(const std::string& text, const std::string& title)>;
   // Who answers the window's questions; by default a modal box with one button per choice.
@@ -66,6 +67,7 @@ class EditorWindow : public QDialog {
   QPushButton* CancelButton() const { return cancel_; }
   QPushButton* ResetButton() const { return reset_; }
   WarningsBar& Warnings() { return *warnings_; }
+  LiveLint& Lint() { return *lint_; }
   QPushButton* HelpButton() const { return help_; }
   QPushButton* SaveAsButton() const { return save_as_; }
   HelpBrowser* Help() const { return help_browser_; }
@@ -83,6 +85,9 @@ class EditorWindow : public QDialog {
       "The simulation has changes that are not saved. Save them before closing?";
   static constexpr const char* kResetQuestion =
       "Replacing every option by the project's defaults throws away the changes you made. Replace them?";
+  static constexpr const char* kNewWarningsQuestion =
+      "The options have warnings that were not there when the simulation was opened (they are listed "
+      "under the tabs). Save anyway, or go back and see them?";
   static constexpr const char* kChangedElsewhereQuestion =
       "The simulation was changed in the project file by another window or program since you opened it. "
       "Overwrite those changes with yours?";
@@ -100,6 +105,9 @@ class EditorWindow : public QDialog {
   void RememberSaved();
   // The lint findings of the saved definition: advice under the tabs, never a refusal.
   void ShowWarnings();
+  // Asks once, when `text` has findings the simulation did not have when it was opened, whether to
+  // save anyway. True to save.
+  bool MaySaveWithNewWarnings(const std::string& text);
   // The definition as the control writes it now, with no message shown if writing fails ("").
   std::string QuietDefinition();
   // The page `zrsim check` would name for the shown tab ("Density", "General", ...).
@@ -125,6 +133,7 @@ class EditorWindow : public QDialog {
   QPushButton* save_as_ = nullptr;
   HelpBrowser* help_browser_ = nullptr;
   WarningsBar* warnings_ = nullptr;
+  LiveLint* lint_ = nullptr;
   MessageSink sink_;
   QuestionSink questions_;
   PathSink paths_;

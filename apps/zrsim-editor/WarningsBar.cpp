@@ -21,8 +21,11 @@ WarningsBar::WarningsBar(QWidget* parent) : QFrame(parent) {
   lines_ = new QLabel(this);
   lines_->setObjectName("warningsLines");
   lines_->setWordWrap(true);
-  lines_->setTextFormat(Qt::PlainText);
-  lines_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  // Each line is a link to where its finding points in the form.
+  lines_->setTextFormat(Qt::RichText);
+  lines_->setTextInteractionFlags(Qt::TextBrowserInteraction);
+  connect(lines_, &QLabel::linkActivated, this,
+          [this](const QString& link) { Activate(link.mid(QStringLiteral("finding:").size()).toInt()); });
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(6, 3, 6, 3);
   layout->setSpacing(2);
@@ -40,8 +43,9 @@ void WarningsBar::ShowFindingsFor(std::shared_ptr<zrsimprp::ProjectDatabase> pro
   ShowFindings(zrsimprp::DefinitionLint(&facts).Check(definition).findings);
 }
 
-void WarningsBar::ShowFindings(const std::vector<zrsimprp::Finding>& findings) {
+void WarningsBar::ShowFindings(const std::vector<zrsimprp::Finding>& findings, bool as_it_stands) {
   findings_ = findings;
+  as_it_stands_ = as_it_stands;
   Render();
 }
 
@@ -53,10 +57,12 @@ void WarningsBar::ShowPageCheckCause(std::optional<zrsimprp::Finding> cause) {
 void WarningsBar::Render() {
   std::vector<zrsimprp::Finding> findings = findings_;
   if (cause_) findings.push_back(*cause_);
+  shown_ = findings;
   count_ = static_cast<int>(findings.size());
   if (findings.empty()) {
     summary_->clear();
     lines_->clear();
+    plain_lines_.clear();
     setToolTip(QString());
     hide();
     return;
@@ -68,20 +74,36 @@ void WarningsBar::Render() {
     all << QString::fromStdString(zrsim::CheckReportWriter::FindingLine(finding));
   }
   const int warnings = count_ - errors;
-  summary_->setText(tr("The saved definition: %1 error(s), %2 warning(s). These are advice; the pages decide "
-                       "what is accepted.")
+  const QString source = as_it_stands_ ? tr("The definition as it stands") : tr("The saved definition");
+  summary_->setText(tr("%1: %2 error(s), %3 warning(s). These are advice; the pages decide what is accepted.")
+                        .arg(source)
                         .arg(errors)
                         .arg(warnings));
   QStringList shown = all.mid(0, kShownLines);
-  if (all.size() > kShownLines) shown << tr("… and %1 more (see the tooltip)").arg(all.size() - kShownLines);
-  lines_->setText(shown.join('\n'));
+  QStringList links;
+  for (int i = 0; i < shown.size(); ++i) {
+    const bool points = !findings[static_cast<std::size_t>(i)].page.empty();
+    const QString line = shown[i].toHtmlEscaped();
+    links << (points ? QStringLiteral("<a href=\"finding:%1\">%2</a>").arg(i).arg(line) : line);
+  }
+  if (all.size() > kShownLines) {
+    shown << tr("… and %1 more (see the tooltip)").arg(all.size() - kShownLines);
+    links << shown.back().toHtmlEscaped();
+  }
+  plain_lines_ = shown.join('\n');
+  lines_->setText(links.join(QStringLiteral("<br>")));
   setToolTip(all.join('\n'));
   show();
 }
 
 QString WarningsBar::Text() const {
   if (count_ == 0) return QString();
-  return summary_->text() + '\n' + lines_->text();
+  return summary_->text() + '\n' + plain_lines_;
+}
+
+void WarningsBar::Activate(int index) {
+  if (index < 0 || static_cast<std::size_t>(index) >= shown_.size()) return;
+  emit FindingActivated(shown_[static_cast<std::size_t>(index)]);
 }
 
 }  // namespace zrsim_editor

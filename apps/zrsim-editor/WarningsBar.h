@@ -24,7 +24,8 @@ class WarningsBar : public QFrame {
 
   // Lints `definition` against `project` and shows the findings.
   void ShowFindingsFor(std::shared_ptr<zrsimprp::ProjectDatabase> project, const std::string& definition);
-  void ShowFindings(const std::vector<zrsimprp::Finding>& findings);
+  // The findings of the saved definition, or (`as_it_stands`) of the text the control writes now.
+  void ShowFindings(const std::vector<zrsimprp::Finding>& findings, bool as_it_stands = false);
   // The error behind a page's generic unexpected-error message, shown after the definition's findings
   // until the next check of a page (no value clears it).
   void ShowPageCheckCause(std::optional<zrsimprp::Finding> cause);
@@ -36,10 +37,20 @@ class WarningsBar : public QFrame {
   // Findings beyond this many are summed up in a last line; all of them are in the tooltip.
   static constexpr int kShownLines = 4;
 
+  // What clicking the shown line `index` does: announces the finding, so the window can take the
+  // person to its page and control.
+  void Activate(int index);
+
+ signals:
+  void FindingActivated(const zrsimprp::Finding& finding);
+
  private:
   void Render();
 
   std::vector<zrsimprp::Finding> findings_;
+  std::vector<zrsimprp::Finding> shown_;  // as listed, the page check's cause last
+  bool as_it_stands_ = false;
+  QString plain_lines_;
   std::optional<zrsimprp::Finding> cause_;
   QLabel* summary_ = nullptr;
   QLabel* lines_ = nullptr;

@@ -114,7 +114,20 @@ void CheckReportWriter::WriteOneJson(std::ostream& out, const SimulationCheck& c
     } else {
       out << "null";
     }
-    out << ",\"sentence\":" << JsonString(finding.sentence) << "}";
+    out << ",\"sentence\":" << JsonString(finding.sentence) << ",\"strata\":[";
+    for (std::size_t k = 0; k < finding.strata.size(); ++k) {
+      const zrsimprp::FindingStratum& stratum = finding.strata[k];
+      out << (k ? "," : "") << "{\"index\":" << stratum.index << ",\"id\":" << JsonString(stratum.id)
+          << ",\"name\":" << JsonString(stratum.name) << "}";
+    }
+    out << "],\"form\":";
+    if (finding.page.empty()) {
+      out << "null";
+    } else {
+      out << "{\"page\":" << JsonString(finding.page) << ",\"control\":" << JsonString(finding.control)
+          << "}";
+    }
+    out << "}";
   }
   out << "],\"internal_errors\":[";
   for (std::size_t i = 0; i < check.internal_errors.size(); ++i) {

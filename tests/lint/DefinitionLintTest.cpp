@@ -150,8 +150,9 @@ INSTANTIATE_TEST_SUITE_P(
         Case("StratumWithoutDensity",
              DefinitionWith("Density", "Density=Uniform /Densities=1,2 /GridSpace=100;"),
              lint_code::kStratumWithoutValue,
-             "The entry \"Density\" gives no density for stratum 'C', which keeps 0.", "Density", "Densities",
-             "stratum", "C"),
+             "The entry \"Density\" gives no density for stratum 'C', which keeps 0; give one value for "
+             "each stratum.",
+             "Density", "Densities", "stratum", "C"),
         Case("HotspotWithThreeValues", DefinitionWith("Hotspot", "Hotspot=\"\" /X,Y,Sig,Amp=1,2,3;"),
              lint_code::kListLengthsDiffer,
              "The entry \"Hotspot\" gives 3 values for hotspot 1 but needs four (X, Y, Sig, Amp)" + kStop,

@@ -2,12 +2,14 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstring>
 
 #include "zrsimprp/entries/EntryKeys.h"
 #include "zrsimprp/entries/EntryTable.h"
 #include "zrsimprp/host/Conversions.h"
 #include "zrsimprp/lint/ClosestName.h"
 #include "zrsimprp/lint/EntryCatalogue.h"
+#include "zrsimprp/lint/FormPlace.h"
 #include "zrsimprp/lint/LintCodes.h"
 #include "zrsimprp/surface/DensitySurfaceReader.h"
 
@@ -78,6 +80,8 @@ DefinitionLint::Report DefinitionLint::Check(std::string_view text) {
   for (const DefinitionEntries::Located& located : entries.Entries()) CheckEntry(located);
   CheckDuplicates(entries.Entries());
   CheckAfterReading();
+  MergeStrataFindings();
+  for (Finding& finding : report_.findings) FormPlace::Locate(finding);
   return report_;
 }
 
@@ -199,6 +203,7 @@ void DefinitionLint::SelectSurvey(const std::string& survey_id) {
   read_.survey = survey_id;
   read_.layer.clear();
   if (!facts_ || read_.survey.empty()) return;
+  read_.values.design = facts_->DesignOfSurvey(read_.survey);
   const std::vector<std::string>& layers = facts_->LayersOfferedFor(read_.survey);
   if (!layers.empty()) read_.layer = layers.front();
 }
@@ -206,6 +211,7 @@ void DefinitionLint::SelectSurvey(const std::string& survey_id) {
 void DefinitionLint::CheckTransects(const DefinitionEntry& entry) {
   if (!facts_) return;
   const std::string id(TrimBlanks(FieldValue(entry, 0)));
+  if (TextEquals(entry.value, "Design")) read_.values.design = id;
   if (TextEquals(entry.value, "Design") && !facts_->HasDesign(id)) {
     Add(lint_code::kUnknownDesign, Severity::kError, entry.key, "ObjectID",
         "The project has no design " + Quoted(id) + ", so the page selects its first design instead.");
@@ -224,6 +230,7 @@ void DefinitionLint::CheckTransects(const DefinitionEntry& entry) {
 
 void DefinitionLint::CheckStrataLayer(const DefinitionEntry& entry) {
   read_.strata_handed_over = true;
+  read_.values.layer_line = line_;
   if (!facts_ || TextEquals(entry.value, "None")) return;
   const std::vector<std::string>& offered = facts_->LayersOfferedFor(read_.survey);
   for (const std::string& layer : offered) {
@@ -247,6 +254,17 @@ std::optional<std::size_t> DefinitionLint::StrataCount() const {
   const auto& strata = facts_->StrataOf(read_.layer);
   if (!strata) return std::nullopt;
   return strata->size();
+}
+
+FindingStratum DefinitionLint::StratumAt(std::size_t index) const {
+  FindingStratum stratum;
+  stratum.index = index;
+  stratum.name = StratumName(index);
+  if (facts_ && !read_.layer.empty()) {
+    const std::vector<std::string>& ids = facts_->StrataIdsOf(read_.layer);
+    if (index < ids.size()) stratum.id = ids[index];
+  }
+  return stratum;
 }
 
 std::string DefinitionLint::StratumName(std::size_t index) const {
@@ -276,6 +294,11 @@ void DefinitionLint::CheckColumnCount(const DefinitionEntry& entry, const std::s
 void DefinitionLint::CheckDensity(const DefinitionEntry& entry) {
   CheckWord(entry, "", entry.value, {"Uniform", "Simple", "DSM"}, "so it changes nothing");
   read_.density_description = entry.value;
+  read_.values.density_description = entry.value;
+  read_.values.density_line = line_;
+  read_.values.densities.clear();
+  read_.values.densities_given = 0;
+  read_.values.grid_spacing.reset();
   if (TextEquals(entry.value, "DSM") && entry.field_count > 0) {
     Add(lint_code::kDsmFieldsNotRead, Severity::kWarning, entry.key, entry.field_names[0],
         "The fields of a DSM density are not read back, so its layer and field are lost on the next save.");
@@ -285,12 +308,14 @@ void DefinitionLint::CheckDensity(const DefinitionEntry& entry) {
   DensitySurfaceInputs inputs;
   if (uniform) {
     inputs.densities = Split(FieldValue(entry, 0), ',');
-    read_.densities_given = inputs.densities.size();
+    read_.values.densities = inputs.densities;
+    read_.values.densities_given = inputs.densities.size();
     CheckColumnCount(entry, "Densities", "densities", inputs.densities.size());
     inputs.strata.reserve(inputs.densities.size());
     for (std::size_t i = 0; i < inputs.densities.size(); ++i) inputs.strata.push_back(StratumName(i));
   }
   if (entry.field_count >= 2) inputs.grid_spacing = FieldValue(entry, 1);
+  read_.values.grid_spacing = inputs.grid_spacing;
   for (const DensitySurfaceProblem& problem : DensitySurfaceReader::Read(inputs).problems) {
     const bool density = problem.input == SurfaceInput::kStratumDensity;
     const auto [code, sentence] = SurfaceValueFinding(
@@ -299,6 +324,7 @@ void DefinitionLint::CheckDensity(const DefinitionEntry& entry) {
     if (density) {
       finding.place_kind = "stratum";
       finding.place = problem.stratum;
+      finding.strata.push_back(StratumAt(problem.index));
     }
   }
 }
@@ -308,6 +334,7 @@ void DefinitionLint::CheckHotspot(const DefinitionEntry& entry) {
   const std::string place = std::to_string(++read_.hotspot_count);
   DensitySurfaceInputs inputs;
   inputs.hotspots.push_back(Split(FieldValue(entry, 0), ','));
+  read_.values.hotspots.push_back({inputs.hotspots.front(), entry.field_names[0], line_});
   const std::vector<DensitySurfaceProblem> problems = DensitySurfaceReader::Read(inputs).problems;
   const std::string& field = entry.field_names[0];
   // A row short of values stops the reading there, so its other values are never judged.
@@ -338,19 +365,23 @@ void DefinitionLint::CheckPopSize(const DefinitionEntry& entry) {
   if (TextEquals(entry.value, "Fixed N") || TextEquals(entry.value, "Poisson N") ||
       TextEquals(entry.value, "Fixed D")) {
     read_.population_size = entry.value;
+    read_.values.population_size = entry.value;
   }
   // The values are taken whatever the word, so too many of them stop the reading under any option.
   const std::vector<std::string> values = Split(FieldValue(entry, 0), ',');
-  read_.population_values_given = values.size();
+  read_.values.population_values = values;
+  read_.values.population_line = line_;
   CheckColumnCount(entry, "Values", "population sizes", values.size());
   const bool fixed_n = TextEquals(entry.value, "Fixed N");
   if (!fixed_n && !TextEquals(entry.value, "Fixed D")) return;
   for (std::size_t i = 0; i < values.size(); ++i) {
     const std::string stratum = StratumName(i);
-    CheckNumber(
-        "Values",
-        (fixed_n ? "The population size N for stratum '" : "The density D for stratum '") + stratum + "'",
-        values[i], fixed_n ? kWholeNotNegative : kNotNegative, "stratum", stratum);
+    if (!CheckNumber(
+            "Values",
+            (fixed_n ? "The population size N for stratum '" : "The density D for stratum '") + stratum + "'",
+            values[i], fixed_n ? kWholeNotNegative : kNotNegative, "stratum", stratum)) {
+      report_.findings.back().strata.push_back(StratumAt(i));
+    }
   }
 }
 
@@ -419,6 +450,7 @@ void DefinitionLint::CheckContinuous(const DefinitionEntry& entry) {
 
 void DefinitionLint::CheckDetectability(const DefinitionEntry& entry) {
   read_.detection_function = TextEquals(entry.value, "Hazard Rate") ? "Hazard Rate" : "Half-Normal";
+  read_.values.detection_function = read_.detection_function;
 }
 
 void DefinitionLint::CheckDetFuncParam(const DefinitionEntry& entry) {
@@ -436,6 +468,11 @@ void DefinitionLint::CheckDetFuncParam(const DefinitionEntry& entry) {
     return;
   }
   if (shape) read_.shape_lines.push_back(line_);
+  if (shape) read_.values.shapes = Split(FieldValue(entry, 0), ',');
+  if (scale) {
+    read_.values.scales = Split(FieldValue(entry, 0), ',');
+    read_.values.scale_line = line_;
+  }
   for (const std::string& value : Split(FieldValue(entry, 0), ',')) {
     if (!CheckNumber(name,
                      "The " + std::string(scale ? "scale" : "shape") + " parameter of the detection function",
@@ -520,28 +557,82 @@ void DefinitionLint::CheckAfterReading() {
       finding.place = "Shape";
     }
   }
-  // At the end of Initialize the strata reach the pages; strata beyond the values given keep "0".
-  const std::optional<std::size_t> strata = StrataCount();
-  if (!strata) return;
-  line_ = 0;
-  std::vector<std::string> names;
-  names.reserve(*strata);
-  for (std::size_t i = 0; i < *strata; ++i) names.push_back(StratumName(i));
-  auto missing = [&](const std::string& entry, const std::string& field, const std::string& what,
-                     std::size_t given) {
-    for (const DensitySurfaceProblem& problem : DensitySurfaceReader::StrataWithoutValue(names, given)) {
-      Finding& finding = Add(lint_code::kStratumWithoutValue, Severity::kWarning, entry, field,
-                             "The entry " + Quoted(entry) + " gives no " + what + " for stratum '" +
-                                 problem.stratum + "', which keeps 0.");
-      finding.place_kind = "stratum";
-      finding.place = problem.stratum;
-    }
+  if (!facts_) return;
+  read_.values.layer = read_.layer;
+  for (Finding& finding : StrataLint(*facts_, read_.values).Check())
+    report_.findings.push_back(std::move(finding));
+}
+
+void DefinitionLint::MergeStrataFindings() {
+  // The value findings of one entry's field that differ only in their stratum: one cause.
+  struct Wording {
+    const char* code;
+    const char* tail;    // how the sentence of one stratum ends, after the value
+    const char* plural;  // what several are, before their values
+    const char* advice;
   };
-  if (TextEquals(read_.density_description, "Uniform"))
-    missing(entry_key::kDensity, "Densities", "density", read_.densities_given);
-  if (TextEquals(read_.population_size, "Fixed N") || TextEquals(read_.population_size, "Fixed D")) {
-    missing(entry_key::kPopSize, "Values", "population size", read_.population_values_given);
+  static const Wording kWordings[] = {
+      {lint_code::kNotANumber, ", which is not a number.", "not a number", "type a number for each"},
+      {lint_code::kNegative, "; it cannot be negative.", "negative", "give each 0 or a positive number"},
+      {lint_code::kNotWhole, "; it must be a whole number.", "not a whole number",
+       "give each a whole number"},
+  };
+  std::vector<Finding> merged;
+  std::vector<bool> taken(report_.findings.size(), false);
+  for (std::size_t i = 0; i < report_.findings.size(); ++i) {
+    if (taken[i]) continue;
+    Finding& first = report_.findings[i];
+    const Wording* wording = nullptr;
+    for (const Wording& candidate : kWordings) {
+      if (first.code == candidate.code) wording = &candidate;
+    }
+    const std::string marker = " for stratum '" + first.place + "' is ";
+    if (wording == nullptr || first.place_kind != "stratum" || first.strata.size() != 1 ||
+        first.sentence.find(marker) == std::string::npos) {
+      merged.push_back(std::move(first));
+      continue;
+    }
+    const std::string prefix = first.sentence.substr(0, first.sentence.find(marker));
+    std::vector<std::size_t> group;
+    std::vector<std::string> values;
+    for (std::size_t j = i; j < report_.findings.size(); ++j) {
+      const Finding& other = report_.findings[j];
+      const std::string other_marker = " for stratum '" + other.place + "' is ";
+      const std::string& sentence = other.sentence;
+      if (taken[j] || other.code != first.code || other.entry != first.entry || other.field != first.field ||
+          other.line != first.line || other.place_kind != "stratum" || other.strata.size() != 1 ||
+          sentence.compare(0, prefix.size() + other_marker.size(), prefix + other_marker) != 0 ||
+          sentence.size() < prefix.size() + other_marker.size() + std::strlen(wording->tail)) {
+        continue;
+      }
+      const std::size_t start = prefix.size() + other_marker.size();
+      values.push_back(sentence.substr(start, sentence.size() - start - std::strlen(wording->tail)));
+      group.push_back(j);
+    }
+    if (group.size() < 2) {
+      merged.push_back(std::move(first));
+      continue;
+    }
+    Finding one = first;
+    one.strata.clear();
+    for (std::size_t j : group) {
+      taken[j] = true;
+      one.strata.push_back(report_.findings[j].strata.front());
+    }
+    std::string shown;
+    const std::size_t named = std::min(values.size(), StrataLint::kNamedStrata);
+    for (std::size_t k = 0; k < named; ++k) {
+      if (k > 0) shown += k + 1 == named && values.size() == named ? " and " : ", ";
+      shown += values[k];
+    }
+    if (values.size() > named) shown += " and " + std::to_string(values.size() - named) + " more";
+    one.sentence = prefix + " for " + StrataLint::StrataPhrase(one.strata) + " is " + wording->plural + " (" +
+                   shown + "); " + wording->advice + ".";
+    one.place_kind.clear();
+    one.place.clear();
+    merged.push_back(std::move(one));
   }
+  report_.findings = std::move(merged);
 }
 
 bool DefinitionLint::CheckNumber(const std::string& field, const std::string& subject,

@@ -10,6 +10,7 @@
 #include "zrsimprp/lint/DefinitionEntries.h"
 #include "zrsimprp/lint/Finding.h"
 #include "zrsimprp/lint/ProjectFacts.h"
+#include "zrsimprp/lint/StrataLint.h"
 
 namespace zrsimprp {
 
@@ -63,6 +64,9 @@ class DefinitionLint {
   void CheckReference(const DefinitionEntry& entry);
   void CheckDuplicates(const std::vector<DefinitionEntries::Located>& entries);
   void CheckAfterReading();
+  // Makes the value findings of several strata with one cause (the same code, entry and field) one
+  // finding that names at most five strata and keeps them all in its list.
+  void MergeStrataFindings();
 
   // Checks one number; false when it is not a number or breaks the rule.
   bool CheckNumber(const std::string& field, const std::string& subject, const std::string& text, Rule rule,
@@ -76,6 +80,8 @@ class DefinitionLint {
                         std::size_t count);
   // The stratum label for value column `index` (from 0) as the pages would show it.
   std::string StratumName(std::size_t index) const;
+  // The stratum of value column `index` as a finding lists it.
+  FindingStratum StratumAt(std::size_t index) const;
   void SelectSurvey(const std::string& survey_id);
   std::optional<std::size_t> StrataCount() const;
 
@@ -92,12 +98,12 @@ class DefinitionLint {
     std::string layer;
     bool strata_handed_over = false;
     std::string density_description;
-    std::size_t densities_given = 0;
     std::string population_size;
-    std::size_t population_values_given = 0;
     std::string detection_function = "Half-Normal";
     std::size_t hotspot_count = 0;
     std::vector<int> shape_lines;
+    // What the checks against the strata layer and the design need, gathered on the way.
+    StrataLint::Values values;
   };
   ReadState read_;
 };

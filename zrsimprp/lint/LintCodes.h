@@ -34,6 +34,16 @@ constexpr const char* kUnknownModelDefinition = "ZR305";
 constexpr const char* kParameterRowMissing = "ZR401";
 constexpr const char* kShapeUnused = "ZR402";
 constexpr const char* kDsmFieldsNotRead = "ZR403";
+// What the values mean on the strata layer and the design
+constexpr const char* kZeroDensity = "ZR601";
+constexpr const char* kZeroPopulation = "ZR602";
+constexpr const char* kHotspotOutside = "ZR603";
+constexpr const char* kHotspotWiderThanRegion = "ZR604";
+constexpr const char* kGridTooCoarse = "ZR605";
+constexpr const char* kGridTooFine = "ZR606";
+constexpr const char* kDistancesInDegrees = "ZR607";
+constexpr const char* kDetectionTooLow = "ZR608";
+constexpr const char* kDetectionTooHigh = "ZR609";
 // Behind a page's verdict
 constexpr const char* kPageCheckInterrupted = "ZR501";
 

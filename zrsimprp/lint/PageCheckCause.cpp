@@ -1,5 +1,6 @@
 #include "zrsimprp/lint/PageCheckCause.h"
 
+#include "zrsimprp/control/PageTable.h"
 #include "zrsimprp/lint/LintCodes.h"
 
 namespace zrsimprp {
@@ -28,6 +29,10 @@ Finding PageCheckCause::Explain(const std::string& page, const RuntimeError& err
   finding.sentence = "The " + page + " page could not finish its checks because it met " + InWords(error) +
                      " (\"" + error.description + "\", error " + std::to_string(error.number) + " from " +
                      error.source + ").";
+  // It points at the page; which of its controls met the error is not known.
+  for (const PageEntry& entry : PageTable::Pages()) {
+    if (page == entry.word) finding.page = entry.word;
+  }
   return finding;
 }
 

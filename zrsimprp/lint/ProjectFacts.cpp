@@ -1,5 +1,7 @@
 #include "zrsimprp/lint/ProjectFacts.h"
 
+#include <algorithm>
+
 #include "zrsimprp/host/AttributeTable.h"
 #include "zrsimprp/host/Conversions.h"
 #include "zrsimprp/host/DefinitionEntryCodec.h"
@@ -7,6 +9,7 @@
 #include "zrsimprp/host/Field.h"
 #include "zrsimprp/host/Layer.h"
 #include "zrsimprp/host/LayerCatalogue.h"
+#include "zrsimprp/host/LayerGeometrySource.h"
 
 namespace zrsimprp {
 
@@ -153,8 +156,11 @@ std::optional<std::vector<std::string>> ProjectFacts::ReadStrata(const std::stri
         if (label) fields += "," + label->Name();
         auto rows = layer->GetRows(fields, 0, 1);
         std::vector<std::string> names;
+        std::vector<std::string>& ids = strata_ids_[Key(layer_name)];
+        ids.clear();
         if (rows && !rows->empty()) {
           for (std::size_t r = 0; r < rows->front().size(); ++r) {
+            ids.push_back(VariantToText(rows->front()[r]));
             names.push_back(label && rows->size() > 1 ? VariantToText((*rows)[1][r]) : std::string());
           }
         }
@@ -162,6 +168,59 @@ std::optional<std::vector<std::string>> ProjectFacts::ReadStrata(const std::stri
       },
       [&](const RuntimeError&) { strata.reset(); });
   return strata;
+}
+
+const std::vector<std::string>& ProjectFacts::StrataIdsOf(const std::string& layer_name) {
+  StrataOf(layer_name);
+  return strata_ids_[Key(layer_name)];
+}
+
+const StrataGeometry* ProjectFacts::GeometryOf(const std::string& layer_name) {
+  auto found = geometry_.find(Key(layer_name));
+  if (found == geometry_.end()) found = geometry_.emplace(Key(layer_name), ReadGeometry(layer_name)).first;
+  return found->second.get();
+}
+
+std::unique_ptr<StrataGeometry> ProjectFacts::ReadGeometry(const std::string& layer_name) {
+  std::unique_ptr<StrataGeometry> geometry;
+  auto source = std::dynamic_pointer_cast<LayerGeometrySource>(project_);
+  if (!source) return geometry;
+  RunTrapped(
+      [&] {
+        std::optional<LayerShapes> shapes = source->LayerGeometry(layer_name);
+        if (shapes && !shapes->strata.empty())
+          geometry = std::make_unique<StrataGeometry>(std::move(*shapes));
+      },
+      [&](const RuntimeError& error) { problems_.push_back("layer geometry: " + error.description); });
+  return geometry;
+}
+
+std::string ProjectFacts::DesignOfSurvey(const std::string& survey_id) const {
+  auto found = design_of_survey_.find(Key(survey_id));
+  return found == design_of_survey_.end() ? std::string() : std::to_string(found->second);
+}
+
+ProjectFacts::DesignDistances ProjectFacts::DistancesOfDesign(const std::string& design_id) const {
+  DesignDistances distances;
+  auto text = design_texts_.find(Key(design_id));
+  if (text == design_texts_.end()) return distances;
+  std::string_view rest = text->second;
+  DefinitionEntry entry;
+  RunTrapped(
+      [&] {
+        while (!rest.empty()) {
+          DefinitionEntryCodec::Instance().ReadNextEntry(rest, entry);
+          if (TextEquals(entry.key, "Truncation")) distances.truncation = entry.value;
+          if (!TextEquals(entry.key, "Type")) continue;
+          const auto given = static_cast<std::size_t>(std::max(entry.field_count, 0));
+          for (std::size_t i = 0; i < given && i < entry.field_names.size() && i < entry.field_values.size();
+               ++i) {
+            if (TextEquals(entry.field_names[i], "Spacing")) distances.spacing = entry.field_values[i];
+          }
+        }
+      },
+      [&](const RuntimeError&) {});
+  return distances;
 }
 
 }  // namespace zrsimprp

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "zrsimprp/host/ProjectDatabase.h"
+#include "zrsimprp/lint/StrataGeometry.h"
 
 namespace zrsimprp {
 
@@ -30,6 +31,21 @@ class ProjectFacts {
   const std::vector<std::string>& LayersOfferedFor(const std::string& survey_id);
   // The stratum labels of a layer in record order; no value when the layer cannot be read.
   const std::optional<std::vector<std::string>>& StrataOf(const std::string& layer_name);
+  // The identifiers of a layer's strata in record order, as text; empty when the layer cannot be read.
+  const std::vector<std::string>& StrataIdsOf(const std::string& layer_name);
+  // The polygons of a layer, read once through the host's geometry interface; null when the host has
+  // no such interface, the layer has no geometry or it cannot be read.
+  const StrataGeometry* GeometryOf(const std::string& layer_name);
+
+  // The design a survey was made with ("" when the survey is unknown).
+  std::string DesignOfSurvey(const std::string& survey_id) const;
+  // The distances a design's own entries give, as typed: the "Spacing" field of its "Type" entry and
+  // its "Truncation" ("" when not given).
+  struct DesignDistances {
+    std::string spacing;
+    std::string truncation;
+  };
+  DesignDistances DistancesOfDesign(const std::string& design_id) const;
 
   const std::vector<std::string>& Problems() const { return problems_; }
 
@@ -39,6 +55,7 @@ class ProjectFacts {
   void GatherModelDefinitions();
   std::vector<std::string> OfferedLayers(const std::string& survey_id);
   std::optional<std::vector<std::string>> ReadStrata(const std::string& layer_name);
+  std::unique_ptr<StrataGeometry> ReadGeometry(const std::string& layer_name);
   static std::string Key(const std::string& id);
 
   std::shared_ptr<ProjectDatabase> project_;
@@ -50,6 +67,8 @@ class ProjectFacts {
   std::string first_survey_;
   std::map<std::string, std::vector<std::string>> offered_layers_;
   std::map<std::string, std::optional<std::vector<std::string>>> strata_;
+  std::map<std::string, std::vector<std::string>> strata_ids_;
+  std::map<std::string, std::unique_ptr<StrataGeometry>> geometry_;
   std::vector<std::string> problems_;
 };
 
