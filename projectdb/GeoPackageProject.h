@@ -106,6 +106,12 @@ class GeoPackageProject : public ProjectDatabase,
   SaveOutcome SaveSimulationDefinitionIfUnchanged(const std::string& name, const std::string& loaded_text,
                                                   const std::string& text);
 
+  // Replaces the definition of a simulation the project has; refused when it has none.
+  void SetSimulationDefinition(const std::string& name, const std::string& text);
+  void CopySimulation(const std::string& name, const std::string& to);
+  void RenameSimulation(const std::string& name, const std::string& to);
+  void RemoveSimulation(const std::string& name);
+
   // Builders.
   void AddLayer(const std::string& name, int32_t kind, const std::string& parent_name,
                 const std::string& id_field, const std::string& label_field,
@@ -122,6 +128,14 @@ class GeoPackageProject : public ProjectDatabase,
   void AddModelDefinition(int32_t id, const std::string& name, const std::string& engine,
                           const std::string& definition_text);
   void SetEngineDefault(const std::string& engine, const std::string& text);
+
+  // Removals, each refused (naming what still uses it) while a layer, record or simulation refers to
+  // what would go.
+  void RemoveLayer(const std::string& name);
+  void RemoveDesign(int32_t id);
+  void RemoveSurvey(int32_t id);
+  void RemoveDataFilter(int32_t id);
+  void RemoveModelDefinition(int32_t id);
 
   // Listings.
   std::vector<LayerInfo> Layers();

@@ -6,10 +6,13 @@
 #include <limits>
 #include <ostream>
 
+#include "projectdb/EmptyProject.h"
 #include "projectdb/LayerKind.h"
 #include "projectdb/SampleProject.h"
 #include "zrsim/ArgumentParser.h"
+#include "zrsim/DefinitionWords.h"
 #include "zrsim/ExitStatus.h"
+#include "zrsim/ProjectEditCommands.h"
 #include "zrsim/UsageError.h"
 #include "zrsim/VisibleText.h"
 #include "zrsimprp/host/Conversions.h"
@@ -22,11 +25,13 @@ namespace zrsim {
 namespace {
 
 const char* const kSubcommands[][2] = {
+    {"new", "FILE"},
     {"sample", "FILE [--force]"},
     {"list", "FILE"},
     {"import-layer",
      "FILE --from GPKG --table T --id-field F [--label-field L] --name N --kind K [--parent P]"},
-    {"add-design", "FILE --id I --name N --stratum-layer L"},
+    {"add-design",
+     "FILE --id I --name N --stratum-layer L [--type parallel|zigzag [--spacing S] [--truncation W]]"},
     {"add-survey", "FILE --id I --name N --design D [--status S]"},
     {"add-filter", "FILE --id I --name N"},
     {"add-model", "FILE --id I --name N --engine E [--method M]"},
@@ -34,6 +39,18 @@ const char* const kSubcommands[][2] = {
 };
 
 // One entry "key=value;" written by the host's codec, so that quoting follows the one syntax.
+// A distance option: a number above 0 ("." its decimal separator), kept as it was written.
+std::string PositiveNumber(const std::string& command, const ParsedArguments& arguments,
+                           const std::string& option) {
+  const std::string text(zrsimprp::TrimBlanks(arguments.Value(option)));
+  const double value = zrsimprp::IsNumeric(text) ? zrsimprp::ToDouble(text) : 0.0;
+  if (!(value > 0.0) || value > 1e12) {
+    throw UsageError(command + ": --" + option + " must be a distance above 0, not '" +
+                     arguments.Value(option) + "'");
+  }
+  return text;
+}
+
 std::string SingleEntry(const std::string& key, const std::string& value) {
   std::string text;
   std::vector<std::string> names(1);
@@ -49,6 +66,9 @@ std::string ProjectTool::Usage() {
   for (const auto& subcommand : kSubcommands) {
     text += std::string("  ") + subcommand[0] + " " + subcommand[1] + "\n";
   }
+  for (const auto& [name, synopsis] : ProjectEditCommands::Synopses()) {
+    text += "  " + name + " " + synopsis + "\n";
+  }
   text +=
       "\nRun 'zrsim project COMMAND --help' for one command. Every change is one transaction of the\n"
       "project file. Exit status: 0 done, 2 a mistake in the arguments or a file that cannot be used.\n";
@@ -60,8 +80,17 @@ std::string ProjectTool::Help(const std::string& subcommand) {
   for (const auto& entry : kSubcommands) {
     if (subcommand == entry[0]) synopsis = entry[1];
   }
+  for (const auto& [name, edit_synopsis] : ProjectEditCommands::Synopses()) {
+    if (subcommand == name) synopsis = edit_synopsis;
+  }
   std::string text = "Usage: zrsim project " + subcommand + " " + synopsis + "\n\n";
-  if (subcommand == "sample") {
+  if (ProjectEditCommands::Handles(subcommand)) {
+    text += ProjectEditCommands::Help(subcommand);
+  } else if (subcommand == "new") {
+    text +=
+        "Writes an empty project to FILE: no layers, records or simulations, only the defaults a new\n"
+        "simulation starts from. An existing file is never replaced.\n";
+  } else if (subcommand == "sample") {
     text += "Writes the sample project to FILE. An existing file is replaced only with --force.\n";
   } else if (subcommand == "list") {
     text += "Lists the layers, designs, surveys, data filters, model definitions and simulations.\n";
@@ -73,9 +102,15 @@ std::string ProjectTool::Help(const std::string& subcommand) {
         "are copied as they are; coordinates in degrees are reported, since distances in the\n"
         "simulation are then in degrees too.\n";
   } else if (subcommand == "add-design") {
-    text += "Adds the design I named N whose strata come from the layer L.\n";
+    text +=
+        "Adds the design I named N whose strata come from the layer L. --type gives its transects'\n"
+        "layout (parallel lines or a zigzag), --spacing S the distance between them and --truncation W\n"
+        "the distance from a line beyond which detections are not recorded, in the layer's units.\n";
   } else if (subcommand == "add-survey") {
-    text += "Adds the survey I named N made with the design D; status S (default 1; only 1 is offered).\n";
+    text +=
+        "Adds the survey I named N made with the design D. The status S says whether the survey's\n"
+        "transects have been generated: 1 (the default) means they have, and only such surveys are\n"
+        "offered to a simulation; 0 marks a draft that is kept but not offered.\n";
   } else if (subcommand == "add-filter") {
     text += "Adds the data filter I named N.\n";
   } else if (subcommand == "add-model") {
@@ -100,6 +135,7 @@ int ProjectTool::Run(const std::vector<std::string>& words) {
   }
   using Handler = int (ProjectTool::*)(const std::vector<std::string>&);
   const std::pair<const char*, Handler> handlers[] = {
+      {"new", &ProjectTool::New},
       {"sample", &ProjectTool::Sample},
       {"list", &ProjectTool::List},
       {"import-layer", &ProjectTool::ImportLayer},
@@ -117,7 +153,27 @@ int ProjectTool::Run(const std::vector<std::string>& words) {
     }
     return (this->*handler)(rest);
   }
+  if (ProjectEditCommands::Handles(subcommand)) {
+    if (ArgumentParser::AsksForHelp(rest)) {
+      out_ << Help(subcommand);
+      return kSuccess;
+    }
+    return ProjectEditCommands(out_, files_).Run(subcommand, rest);
+  }
   throw UsageError("zrsim project: unknown command '" + subcommand + "'\n" + Usage());
+}
+
+int ProjectTool::New(const std::vector<std::string>& words) {
+  const std::string command = "zrsim project new";
+  ParsedArguments arguments = ArgumentParser(command).Positionals(1, 1, "FILE").Parse(words);
+  const std::string path = arguments.Positionals()[0];
+  std::error_code error;
+  if (std::filesystem::exists(path, error)) {
+    throw UsageError(command + ": '" + path + "' already exists; a new project is never written over a file");
+  }
+  Change(command, [&] { zrsimprp::EmptyProject::Create(path); });
+  out_ << "Wrote an empty project to " << path << "\n";
+  return kSuccess;
 }
 
 int ProjectTool::Sample(const std::vector<std::string>& words) {
@@ -147,7 +203,8 @@ int ProjectTool::List(const std::vector<std::string>& words) {
     }
     out_ << "Designs:\n";
     for (const auto& design : project->Designs()) {
-      out_ << "  " << design.id << " " << design.name << ": " << VisibleText(design.definition_text) << "\n";
+      out_ << "  " << design.id << " " << VisibleText(design.name) << ": "
+           << DefinitionWords(design.definition_text) << "\n";
     }
     out_ << "Surveys:\n";
     for (const auto& survey : project->Surveys()) {
@@ -160,7 +217,7 @@ int ProjectTool::List(const std::vector<std::string>& words) {
     out_ << "Model definitions:\n";
     for (const auto& model : project->ModelDefinitionList()) {
       out_ << "  " << model.id << " " << model.name << " (engine " << model.engine << ")"
-           << (model.definition_text.empty() ? "" : ": " + VisibleText(model.definition_text)) << "\n";
+           << (model.definition_text.empty() ? "" : ": " + DefinitionWords(model.definition_text)) << "\n";
     }
     out_ << "Simulations:\n";
     for (const auto& name : project->SimulationNames()) out_ << "  " << VisibleText(name) << "\n";
@@ -208,13 +265,17 @@ int ProjectTool::AddDesign(const std::vector<std::string>& words) {
                                   .Option("id")
                                   .Option("name")
                                   .Option("stratum-layer")
+                                  .Option("type")
+                                  .Option("spacing")
+                                  .Option("truncation")
                                   .Positionals(1, 1, "FILE")
                                   .Parse(words);
   const int32_t id = Integer(command, arguments, "id");
   const std::string name = Required(command, arguments, "name");
   const std::string layer = Required(command, arguments, "stratum-layer");
+  const std::string text = DesignDefinition(command, arguments);
   auto project = files_.OpenProject(command, arguments.Positionals()[0]);
-  Change(command, [&] { project->AddDesign(id, name, SingleEntry("STRATUM LAYER", layer), layer); });
+  Change(command, [&] { project->AddDesign(id, name, text, layer); });
   out_ << "Added the design " << id << " " << name << "\n";
   return kSuccess;
 }
@@ -302,6 +363,43 @@ int ProjectTool::AddSimulation(const std::vector<std::string>& words) {
   return kSuccess;
 }
 
+std::string ProjectTool::DesignDefinition(const std::string& command, const ParsedArguments& arguments) {
+  const std::string layer = arguments.Value("stratum-layer");
+  if (!arguments.Has("type")) {
+    if (arguments.Has("spacing") || arguments.Has("truncation")) {
+      throw UsageError(command + ": --spacing and --truncation need --type, the layout of the transects");
+    }
+    return SingleEntry("STRATUM LAYER", layer);
+  }
+  const std::string type(zrsimprp::TrimBlanks(arguments.Value("type")));
+  const std::string written = zrsimprp::TextEquals(type, "parallel") ? "Parallel"
+                              : zrsimprp::TextEquals(type, "zigzag") ? "Zigzag"
+                                                                     : "";
+  if (written.empty()) {
+    throw UsageError(command + ": --type must be parallel or zigzag, not '" + arguments.Value("type") + "'");
+  }
+  std::vector<std::string> names(1);
+  std::vector<std::string> values(1);
+  std::string text;
+  auto& codec = zrsimprp::DefinitionEntryCodec::Instance();
+  codec.AppendEntry(text, "Engine", "DES", names, values, 0, 0, true);
+  int32_t field_count = 0;
+  if (arguments.Has("spacing")) {
+    names = {"Spacing"};
+    values = {PositiveNumber(command, arguments, "spacing")};
+    field_count = 1;
+  }
+  codec.AppendEntry(text, "Type", written, names, values, field_count, 0, true);
+  names = {""};
+  values = {""};
+  codec.AppendEntry(text, "STRATUM LAYER", layer, names, values, 0, 0, true);
+  if (arguments.Has("truncation")) {
+    codec.AppendEntry(text, "Truncation", PositiveNumber(command, arguments, "truncation"), names, values, 0,
+                      0, true);
+  }
+  return text;
+}
+
 std::string ProjectTool::Required(const std::string& command, const ParsedArguments& arguments,
                                   const std::string& option) {
   if (!arguments.Has(option)) throw UsageError(command + ": --" + option + " is required");
@@ -341,19 +439,6 @@ int32_t ProjectTool::Kind(const std::string& command, const ParsedArguments& arg
 int32_t ProjectTool::Integer(const std::string& command, const ParsedArguments& arguments,
                              const std::string& option, int32_t fallback) {
   return arguments.Has(option) ? Integer(command, arguments, option) : fallback;
-}
-
-template <class Body>
-void ProjectTool::Change(const std::string& command, Body&& body) {
-  try {
-    body();
-  } catch (const UsageError&) {
-    throw;
-  } catch (const zrsimprp::RuntimeError& error) {
-    throw UsageError(command + ": " + error.description);
-  } catch (const std::exception& error) {
-    throw UsageError(command + ": " + error.what());
-  }
 }
 
 }  // namespace zrsim
