@@ -5,6 +5,8 @@
 #include "projectdb/GeoPackageProject.h"
 
 #include "projectdb/LayerImport.h"
+#include "projectdb/LayerImporter.h"
+#include "projectdb/ParentContainment.h"
 #include "projectdb/ProjectChecks.h"
 #include "projectdb/ProjectEngineDefaults.h"
 #include "projectdb/ProjectFileOpener.h"
@@ -160,8 +162,19 @@ int32_t GeoPackageProject::ImportLayer(const std::string& from_gpkg, const std::
     Write([&] {
       ProjectLayerTables layers(*connection_);
       count = import.Write(layers, *connection_);
+      if (!parent.empty()) ParentContainment::Check(*connection_, name, parent);
     });
     return count;
+  });
+}
+
+LayerImportOutcome GeoPackageProject::ImportLayer(const LayerImportOptions& options) {
+  return SourcedCall(kSource, [&]() {
+    LayerImporter importer(options);
+    importer.Prepare();
+    LayerImportOutcome outcome;
+    Write([&] { outcome = importer.Write(*connection_); });
+    return outcome;
   });
 }
 

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "projectdb/LayerImportOptions.h"
 #include "projectdb/PolygonFeature.h"
 #include "zrsimprp/host/LayerGeometrySource.h"
 #include "zrsimprp/host/ProjectDatabase.h"
@@ -119,6 +120,9 @@ class GeoPackageProject : public ProjectDatabase,
   int32_t ImportLayer(const std::string& from_gpkg, const std::string& table, const std::string& id_field,
                       const std::string& label_field, const std::string& name, int32_t kind,
                       const std::string& parent);
+  // Imports a layer of any vector file GDAL reads, reprojected and with a region made from it when asked;
+  // a layer with a parent must share its coordinate system and lie inside it. One transaction.
+  LayerImportOutcome ImportLayer(const LayerImportOptions& options);
   void AddDesign(int32_t id, const std::string& name, const std::string& definition_text);
   // The same, refused unless the project has the layer `stratum_layer`, checked in the same transaction.
   void AddDesign(int32_t id, const std::string& name, const std::string& definition_text,

@@ -7,6 +7,7 @@
 #include <ostream>
 
 #include "projectdb/EmptyProject.h"
+#include "projectdb/LayerImportOptions.h"
 #include "projectdb/LayerKind.h"
 #include "projectdb/SampleProject.h"
 #include "zrsim/ArgumentParser.h"
@@ -29,7 +30,8 @@ const char* const kSubcommands[][2] = {
     {"sample", "FILE [--force]"},
     {"list", "FILE"},
     {"import-layer",
-     "FILE --from GPKG --table T --id-field F [--label-field L] --name N --kind K [--parent P]"},
+     "FILE --from SOURCE [--table T] --id-field F [--label-field L] --name N --kind K [--parent P | "
+     "--make-region R] [--to-crs auto|EPSG:N]"},
     {"add-design",
      "FILE --id I --name N --stratum-layer L [--type parallel|zigzag [--spacing S] [--truncation W]]"},
     {"add-survey", "FILE --id I --name N --design D [--status S]"},
@@ -49,6 +51,17 @@ std::string PositiveNumber(const std::string& command, const ParsedArguments& ar
                      arguments.Value(option) + "'");
   }
   return text;
+}
+
+// A word as a POSIX shell reads it back: quoted when it holds anything but plain characters.
+std::string ShellWord(const std::string& word) {
+  if (!word.empty() && word.find_first_not_of("ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789"
+                                              "-_./:=+,@%") == std::string::npos) {
+    return word;
+  }
+  std::string quoted = "'";
+  for (const char c : word) quoted += c == '\'' ? std::string("'\\''") : std::string(1, c);
+  return quoted + "'";
 }
 
 std::string SingleEntry(const std::string& key, const std::string& value) {
@@ -96,11 +109,15 @@ std::string ProjectTool::Help(const std::string& subcommand) {
     text += "Lists the layers, designs, surveys, data filters, model definitions and simulations.\n";
   } else if (subcommand == "import-layer") {
     text +=
-        "Copies the polygon table T of the GeoPackage GPKG into the project as the layer N of kind K\n"
-        "(1 marks a study region, the top of a parent chain; 2 strata, which need their parent layer\n"
-        "P), with F as its identifier field and L as its label field. Geometry and coordinate system\n"
-        "are copied as they are; coordinates in degrees are reported, since distances in the\n"
-        "simulation are then in degrees too.\n";
+        "Imports the polygon layer T of the vector file SOURCE (any format GDAL reads: GeoPackage,\n"
+        "Shapefile, GeoJSON, FlatGeobuf, KML, ...; T may be left out when SOURCE has one layer) into the\n"
+        "project as the layer N of kind K (1 marks a study region, the top of a parent chain; 2 strata,\n"
+        "which need their parent layer P), with F as its identifier field and L as its label field.\n"
+        "--to-crs auto reprojects it to the WGS 84 UTM zone of its centre, --to-crs EPSG:N to that\n"
+        "system; without it the coordinates are kept (a GeoPackage's geometry byte for byte), and\n"
+        "coordinates in degrees are warned about, since distances in the simulation are then in degrees.\n"
+        "--make-region R makes the study region R by dissolving the strata, and makes it their parent.\n"
+        "A layer must share its parent's coordinate system and lie inside it (95 % of its area).\n";
   } else if (subcommand == "add-design") {
     text +=
         "Adds the design I named N whose strata come from the layer L. --type gives its transects'\n"
@@ -235,28 +252,55 @@ int ProjectTool::ImportLayer(const std::vector<std::string>& words) {
                                   .Option("name")
                                   .Option("kind")
                                   .Option("parent")
+                                  .Option("to-crs")
+                                  .Option("make-region")
                                   .Positionals(1, 1, "FILE")
                                   .Parse(words);
-  const std::string from = Required(command, arguments, "from");
-  const std::string table = Required(command, arguments, "table");
-  const std::string id_field = Required(command, arguments, "id-field");
-  const std::string name = Required(command, arguments, "name");
-  const int32_t kind = Kind(command, arguments);
-  auto project = files_.OpenProject(command, arguments.Positionals()[0]);
-  int32_t count = 0;
-  bool geographic = false;
-  Change(command, [&] {
-    count = project->ImportLayer(from, table, id_field, arguments.Value("label-field"), name, kind,
-                                 arguments.Value("parent"));
-    geographic = project->HasGeographicCoordinates(name);
-  });
-  out_ << "Imported " << count << " features of '" << table << "' as the layer '" << name << "'\n";
-  if (geographic) {
-    out_ << "Warning: the layer '" << name
-         << "' has geographic coordinates (degrees of longitude and latitude), so distances in the "
-            "simulation will be in degrees.\n";
+  zrsimprp::LayerImportOptions options;
+  options.from = Required(command, arguments, "from");
+  options.table = arguments.Value("table");
+  options.id_field = Required(command, arguments, "id-field");
+  options.label_field = arguments.Value("label-field");
+  options.name = Required(command, arguments, "name");
+  options.kind = Kind(command, arguments);
+  options.parent = arguments.Value("parent");
+  options.to_crs = arguments.Value("to-crs");
+  options.make_region = arguments.Value("make-region");
+  if (arguments.Has("to-crs") && options.to_crs.empty()) {
+    throw UsageError(command + ": --to-crs must be auto or EPSG: and the number of a coordinate system");
+  }
+  const std::string path = arguments.Positionals()[0];
+  auto project = files_.OpenProject(command, path);
+  zrsimprp::LayerImportOutcome outcome;
+  Change(command, [&] { outcome = project->ImportLayer(options); });
+  if (!options.make_region.empty()) {
+    out_ << "Made the study region '" << options.make_region << "' by dissolving the layer's polygons\n";
+  }
+  out_ << "Imported " << outcome.count << " features of '" << outcome.table << "' as the layer '"
+       << options.name << "'" << (options.to_crs.empty() ? "" : " in " + outcome.crs) << "\n";
+  if (outcome.geographic) {
+    out_
+        << "Warning: the layer '" << options.name
+        << "' has geographic coordinates (degrees of longitude and latitude), so distances in the simulation "
+           "will be in degrees. To import it in metres instead: "
+        << ReimportCommand(path, words) << "\n";
   }
   return kSuccess;
+}
+
+std::string ProjectTool::ReimportCommand(const std::string& path, const std::vector<std::string>& words) {
+  std::string name;
+  std::string import = "zrsim project import-layer";
+  for (std::size_t i = 0; i < words.size(); ++i) {
+    if (words[i] == "--to-crs") {
+      ++i;  // replaced below
+      continue;
+    }
+    if (words[i] == "--name" && i + 1 < words.size()) name = words[i + 1];
+    import += " " + ShellWord(words[i]);
+  }
+  return "zrsim project remove-layer " + ShellWord(path) + " --name " + ShellWord(name) + " && " + import +
+         " --to-crs auto";
 }
 
 int ProjectTool::AddDesign(const std::vector<std::string>& words) {
@@ -430,8 +474,11 @@ int32_t ProjectTool::Kind(const std::string& command, const ParsedArguments& arg
     throw UsageError(command + ": --kind must be " + zrsimprp::LayerKind::AllowedValues() + ", not '" + text +
                      "'");
   }
-  if (kind == zrsimprp::LayerKind::kStrata && arguments.Value("parent").empty()) {
-    throw UsageError(command + ": a layer of kind 2 (strata) needs --parent, the layer its strata lie in");
+  if (kind == zrsimprp::LayerKind::kStrata && arguments.Value("parent").empty() &&
+      arguments.Value("make-region").empty()) {
+    throw UsageError(
+        command +
+        ": a layer of kind 2 (strata) needs --parent, the layer its strata lie in, or --make-region");
   }
   return kind;
 }

@@ -60,6 +60,8 @@ class ProjectTool {
   static int32_t Kind(const std::string& command, const ParsedArguments& arguments);
   // The definition text of a new design: its strata layer and, when --type is given, its type,
   // spacing and truncation, entered as the sample project's designs are.
+  // The commands that remove the layer just imported and import it again reprojected to metres.
+  static std::string ReimportCommand(const std::string& path, const std::vector<std::string>& words);
   static std::string DesignDefinition(const std::string& command, const ParsedArguments& arguments);
   static std::string Help(const std::string& subcommand);
 
