@@ -124,6 +124,14 @@ std::string VectorSource::ResolveLayer(const std::string& table) const {
   return LayerNamed(table)->GetName();
 }
 
+std::vector<std::string> VectorSource::FieldNames(const std::string& table) const {
+  OGRFeatureDefn* definition = LayerNamed(table)->GetLayerDefn();
+  std::vector<std::string> names;
+  for (int i = 0; i < definition->GetFieldCount(); ++i)
+    names.emplace_back(definition->GetFieldDefn(i)->GetNameRef());
+  return names;
+}
+
 OGRLayer* VectorSource::LayerNamed(const std::string& table) const {
   const std::vector<std::string> names = LayerNames();
   if (names.empty()) ProjectChecks::Refuse("The file '" + path_ + "' has no layers.");

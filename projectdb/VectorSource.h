@@ -45,6 +45,9 @@ class VectorSource {
   // The layer `table` (case ignored), or the only layer when `table` is "". Refused naming the layers.
   std::string ResolveLayer(const std::string& table) const;
 
+  // The fields of the layer `table` (as ResolveLayer finds it), in its order.
+  std::vector<std::string> FieldNames(const std::string& table) const;
+
   // Reads the polygons of `table`, the identifier from `id_field` ("" for the feature id) and the label
   // from `label_field` ("" for none). `to_crs` is "" (keep the source's coordinates), "auto" (the WGS 84
   // UTM zone of the layer's centre) or "EPSG:N".

@@ -6,6 +6,7 @@
 #include <limits>
 #include <ostream>
 
+#include "projectdb/DesignDefinition.h"
 #include "projectdb/EmptyProject.h"
 #include "projectdb/LayerImportOptions.h"
 #include "projectdb/LayerKind.h"
@@ -41,18 +42,6 @@ const char* const kSubcommands[][2] = {
 };
 
 // One entry "key=value;" written by the host's codec, so that quoting follows the one syntax.
-// A distance option: a number above 0 ("." its decimal separator), kept as it was written.
-std::string PositiveNumber(const std::string& command, const ParsedArguments& arguments,
-                           const std::string& option) {
-  const std::string text(zrsimprp::TrimBlanks(arguments.Value(option)));
-  const double value = zrsimprp::IsNumeric(text) ? zrsimprp::ToDouble(text) : 0.0;
-  if (!(value > 0.0) || value > 1e12) {
-    throw UsageError(command + ": --" + option + " must be a distance above 0, not '" +
-                     arguments.Value(option) + "'");
-  }
-  return text;
-}
-
 // A word as a POSIX shell reads it back: quoted when it holds anything but plain characters.
 std::string ShellWord(const std::string& word) {
   if (!word.empty() && word.find_first_not_of("ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789"
@@ -413,35 +402,23 @@ std::string ProjectTool::DesignDefinition(const std::string& command, const Pars
     if (arguments.Has("spacing") || arguments.Has("truncation")) {
       throw UsageError(command + ": --spacing and --truncation need --type, the layout of the transects");
     }
-    return SingleEntry("STRATUM LAYER", layer);
+    return zrsimprp::DesignDefinition::LayerOnly(layer);
   }
   const std::string type(zrsimprp::TrimBlanks(arguments.Value("type")));
-  const std::string written = zrsimprp::TextEquals(type, "parallel") ? "Parallel"
-                              : zrsimprp::TextEquals(type, "zigzag") ? "Zigzag"
-                                                                     : "";
-  if (written.empty()) {
+  if (!zrsimprp::TextEquals(type, "parallel") && !zrsimprp::TextEquals(type, "zigzag")) {
     throw UsageError(command + ": --type must be parallel or zigzag, not '" + arguments.Value("type") + "'");
   }
-  std::vector<std::string> names(1);
-  std::vector<std::string> values(1);
-  std::string text;
-  auto& codec = zrsimprp::DefinitionEntryCodec::Instance();
-  codec.AppendEntry(text, "Engine", "DES", names, values, 0, 0, true);
-  int32_t field_count = 0;
-  if (arguments.Has("spacing")) {
-    names = {"Spacing"};
-    values = {PositiveNumber(command, arguments, "spacing")};
-    field_count = 1;
+  for (const char* option : {"spacing", "truncation"}) {
+    if (!arguments.Has(option)) continue;
+    const std::string text(zrsimprp::TrimBlanks(arguments.Value(option)));
+    const double value = zrsimprp::IsNumeric(text) ? zrsimprp::ToDouble(text) : 0.0;
+    if (!(value > 0.0) || value > 1e12) {
+      throw UsageError(command + ": --" + option + " must be a distance above 0, not '" +
+                       arguments.Value(option) + "'");
+    }
   }
-  codec.AppendEntry(text, "Type", written, names, values, field_count, 0, true);
-  names = {""};
-  values = {""};
-  codec.AppendEntry(text, "STRATUM LAYER", layer, names, values, 0, 0, true);
-  if (arguments.Has("truncation")) {
-    codec.AppendEntry(text, "Truncation", PositiveNumber(command, arguments, "truncation"), names, values, 0,
-                      0, true);
-  }
-  return text;
+  return zrsimprp::DesignDefinition::Text(layer, type, arguments.Value("spacing"),
+                                          arguments.Value("truncation"));
 }
 
 std::string ProjectTool::Required(const std::string& command, const ParsedArguments& arguments,
