@@ -38,6 +38,7 @@ ImportLayerDialog::ImportLayerDialog(const std::vector<std::string>& project_lay
   kind_ = new QComboBox(this);
   kind_->addItem(tr("1: study region"), 1);
   kind_->addItem(tr("2: strata inside a parent layer"), 2);
+  kind_->setCurrentIndex(1);
   use_parent_ = new QRadioButton(tr("&Inside the layer"), this);
   parent_ = new QComboBox(this);
   for (const std::string& layer : project_layers) parent_->addItem(QString::fromStdString(layer));
@@ -63,7 +64,10 @@ ImportLayerDialog::ImportLayerDialog(const std::vector<std::string>& project_lay
   problem_->setWordWrap(true);
 
   auto* form = new QFormLayout;
-  form->addRow(tr("&File:"), file_row);
+  // A row holding a layout gets a label of its own, so that its mnemonic reaches the field.
+  auto* file_label = new QLabel(tr("&File:"), this);
+  file_label->setBuddy(file_);
+  form->addRow(file_label, file_row);
   form->addRow(tr("&Layer in the file:"), layer_);
   form->addRow(tr("I&dentifier field:"), id_field_);
   form->addRow(tr("La&bel field:"), label_field_);
@@ -71,7 +75,9 @@ ImportLayerDialog::ImportLayerDialog(const std::vector<std::string>& project_lay
   form->addRow(tr("&Kind:"), kind_);
   form->addRow(tr("Parent:"), parent_row);
   form->addRow(QString(), region_row);
-  form->addRow(tr("&Coordinates:"), reproject_row);
+  auto* coordinates_label = new QLabel(tr("&Coordinates:"), this);
+  coordinates_label->setBuddy(reproject_);
+  form->addRow(coordinates_label, reproject_row);
   auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
   buttons->button(QDialogButtonBox::Ok)->setText(tr("&Import"));
   auto* layout = new QVBoxLayout(this);
