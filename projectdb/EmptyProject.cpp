@@ -6,6 +6,7 @@
 
 #include "projectdb/GeoPackageProject.h"
 #include "projectdb/ProjectChecks.h"
+#include "zrsimprp/entries/EntryKeys.h"
 #include "zrsimprp/host/DefinitionEntryCodec.h"
 #include "zrsimprp/host/RuntimeError.h"
 
@@ -27,16 +28,16 @@ void Append(std::string& text, const std::string& key, const std::string& value,
 
 std::string EmptyProject::DefaultSimulationDefinition() {
   std::string text;
-  Append(text, "Engine", "SIM");
-  Append(text, "Reps", "1");
-  Append(text, "Density", "Uniform", {"Densities", "GridSpace"}, {"1", "100"});
-  Append(text, "PopSize", "Fixed N", {"Values"}, {"100"});
-  Append(text, "Clusters", "False");
-  Append(text, "Detectability", "Half-Normal", {"ParamByStratum"}, {"False"});
-  Append(text, "DetFuncParam", "", {"Scale"}, {"50"});
-  Append(text, "Analyse", "False");
-  Append(text, "ModelSelection", "AIC");
-  Append(text, "ParallelProcessing", "False", {"cores"}, {"max cores"});
+  Append(text, entry_key::kEngine, "SIM");
+  Append(text, entry_key::kReps, "1");
+  Append(text, entry_key::kDensity, "Uniform", {"Densities", "GridSpace"}, {"1", "100"});
+  Append(text, entry_key::kPopSize, "Fixed N", {"Values"}, {"100"});
+  Append(text, entry_key::kClusters, "False");
+  Append(text, entry_key::kDetectability, "Half-Normal", {"ParamByStratum"}, {"False"});
+  Append(text, entry_key::kDetFuncParam, "", {"Scale"}, {"50"});
+  Append(text, entry_key::kAnalyse, "False");
+  Append(text, entry_key::kModelSelection, "AIC");
+  Append(text, entry_key::kParallelProcessing, "False", {"cores"}, {"max cores"});
   return text;
 }
 

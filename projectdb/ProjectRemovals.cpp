@@ -6,6 +6,7 @@
 #include "projectdb/ProjectSchema.h"
 #include "projectdb/SqliteConnection.h"
 #include "projectdb/SqliteStatement.h"
+#include "zrsimprp/entries/EntryKeys.h"
 #include "zrsimprp/host/Conversions.h"
 #include "zrsimprp/host/DefinitionEntryCodec.h"
 #include "zrsimprp/host/RuntimeError.h"
@@ -123,7 +124,7 @@ void ProjectRemovals::RequireLayerUnused(const std::string& layer) {
       }
     }
   }
-  const std::string simulation = SimulationUsing("StrataLayer", "", layer);
+  const std::string simulation = SimulationUsing(entry_key::kStrataLayer, "", layer);
   if (!simulation.empty()) {
     ProjectChecks::Refuse("The simulation '" + simulation + "' takes its strata from the layer '" + layer +
                           "', so it is kept.");
@@ -143,7 +144,7 @@ void ProjectRemovals::RemoveDesign(int32_t id) {
 }
 
 void ProjectRemovals::RemoveSurvey(int32_t id) {
-  const std::string simulation = SimulationUsing("Transects", "ObjectID", std::to_string(id));
+  const std::string simulation = SimulationUsing(entry_key::kTransects, "ObjectID", std::to_string(id));
   if (!simulation.empty()) {
     ProjectChecks::Refuse("The simulation '" + simulation + "' takes its transects from the survey " +
                           std::to_string(id) + ", so it is kept.");
@@ -152,7 +153,7 @@ void ProjectRemovals::RemoveSurvey(int32_t id) {
 }
 
 void ProjectRemovals::RemoveDataFilter(int32_t id) {
-  const std::string simulation = SimulationUsing("DataFilter", "", std::to_string(id));
+  const std::string simulation = SimulationUsing(entry_key::kDataFilter, "", std::to_string(id));
   if (!simulation.empty()) {
     ProjectChecks::Refuse("The simulation '" + simulation + "' analyses with the data filter " +
                           std::to_string(id) + ", so it is kept.");
@@ -161,7 +162,7 @@ void ProjectRemovals::RemoveDataFilter(int32_t id) {
 }
 
 void ProjectRemovals::RemoveModelDefinition(int32_t id) {
-  const std::string simulation = SimulationUsing("ModelDef", "", std::to_string(id));
+  const std::string simulation = SimulationUsing(entry_key::kModelDef, "", std::to_string(id));
   if (!simulation.empty()) {
     ProjectChecks::Refuse("The simulation '" + simulation + "' analyses with the model definition " +
                           std::to_string(id) + ", so it is kept.");

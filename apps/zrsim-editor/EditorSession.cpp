@@ -170,6 +170,8 @@ bool EditorSession::ShowDocument(std::unique_ptr<EditorDocument> document) {
            form.height() + menuBar()->sizeHint().height());
   }
   setWindowTitle(window_->windowTitle());
+  setWindowModified(window_->isWindowModified());
+  window_->installEventFilter(this);
   connect(window_, &QWidget::windowTitleChanged, this, &QWidget::setWindowTitle);
   // OK, Cancel and Close of the form end the editor, as they did when the form was the whole program.
   connect(window_, &QDialog::finished, this, [this] {
@@ -474,6 +476,12 @@ std::string EditorSession::AskName(const std::string& question, const std::strin
 bool EditorSession::RunDialog(QDialog& dialog) {
   if (dialogs_) return dialogs_(dialog);
   return dialog.exec() == QDialog::Accepted;
+}
+
+bool EditorSession::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == window_ && event->type() == QEvent::ModifiedChange)
+    setWindowModified(window_->isWindowModified());
+  return QMainWindow::eventFilter(watched, event);
 }
 
 void EditorSession::closeEvent(QCloseEvent* event) {

@@ -92,6 +92,8 @@ class EditorSession : public QMainWindow {
 
  protected:
   void closeEvent(QCloseEvent* event) override;
+  // Mirrors the form's unsaved-changes marker into the title bar.
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   void BuildMenus();

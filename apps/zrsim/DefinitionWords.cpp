@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "zrsim/VisibleText.h"
+#include "zrsimprp/entries/EntryKeys.h"
 #include "zrsimprp/host/Conversions.h"
 #include "zrsimprp/host/DefinitionEntryCodec.h"
 #include "zrsimprp/host/RuntimeError.h"
@@ -47,7 +48,7 @@ std::string DefinitionWords(const std::string& definition) {
       words += std::string(words.empty() ? "" : ", ") + "(an entry that cannot be read)";
       continue;
     }
-    if (entry.key.empty() || zrsimprp::TextEquals(entry.key, "Engine")) continue;
+    if (entry.key.empty() || zrsimprp::TextEquals(entry.key, zrsimprp::entry_key::kEngine)) continue;
     words += (words.empty() ? "" : ", ") + EntryWords(entry);
   }
   return words;

@@ -116,9 +116,12 @@ TEST_F(EditorSessionTest, CtrlSValidatesAndSavesAsApplyDoes) {
   ASSERT_TRUE(QTest::qWaitForWindowExposed(session_.get()));
   EXPECT_EQ(session_->SaveAction()->shortcut(), QKeySequence(QKeySequence::Save));
   TypeRepsInSession("61");
+  QTest::qWait(300);  // the form compares the definition once typing settles
+  EXPECT_TRUE(session_->isWindowModified());
   QTest::keyClick(session_.get(), Qt::Key_S, Qt::ControlModifier);
   EXPECT_NE(StoredDefinition().find("Reps=61;"), std::string::npos);
   EXPECT_FALSE(session_->Window()->IsModified());
+  EXPECT_FALSE(session_->isWindowModified());
   // A value the page refuses is not saved.
   TypeRepsInSession("0");
   const std::string before = StoredDefinition();
