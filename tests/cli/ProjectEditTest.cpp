@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "CliFixture.h"
+#include "projectdb/GeoPackageValidator.h"
 
 namespace {
 
@@ -67,6 +68,7 @@ TEST_F(ProjectEdit, CopiesRenamesReplacesAndRemovesSimulations) {
 TEST_F(ProjectEdit, EveryRefusalIsOneSentenceWithStatusTwoAndLeavesTheFileAsItWas) {
   const std::string project = SampleProject();
   WriteFile(PathIn("empty.txt"), "  \n");
+  WriteFile(PathIn("reps.txt"), "Engine=SIM; Reps=7;");
   const std::vector<std::pair<std::vector<std::string>, std::string>> refusals = {
       {{"copy-simulation", project, "--name", "Nothing", "--to", "X"},
        "The project has no simulation named 'Nothing'."},
@@ -75,6 +77,10 @@ TEST_F(ProjectEdit, EveryRefusalIsOneSentenceWithStatusTwoAndLeavesTheFileAsItWa
       {{"rename-simulation", project, "--name", "Nothing", "--to", "X"},
        "The project has no simulation named 'Nothing'."},
       {{"remove-simulation", project, "--name", "Nothing"}, "The project has no simulation named 'Nothing'."},
+      {{"set-definition", project, "--simulation", "Nothing", "--definition", PathIn("reps.txt")},
+       "The project has no simulation named 'Nothing'."},
+      {{"rename-simulation", project, "--name", "Sample simulation", "--to", " "},
+       "A simulation needs a name."},
       {{"set-definition", project, "--simulation", "Nothing", "--definition", PathIn("empty.txt")},
        "the definition is empty; a simulation needs at least one entry"},
       {{"remove-layer", project, "--name", "Study region"},
@@ -131,6 +137,7 @@ TEST_F(ProjectEdit, RemovesRecordsAndLayersOnceNothingUsesThem) {
   // The layer's table is gone with it, so a layer of the same name can come back.
   EXPECT_EQ(Run({"project", "remove-layer", project, "--name", "Strata"}).err,
             "zrsim project remove-layer: The project has no layer named 'Strata'.\n");
+  EXPECT_VALID_GEOPACKAGE(project);
 }
 
 TEST_F(ProjectEdit, DesignTypeSpacingAndTruncationAreWrittenAsTheSamplesAndListedAsWords) {

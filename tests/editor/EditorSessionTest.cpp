@@ -52,6 +52,12 @@ class EditorSessionTest : public EditorFixture {
     EditorFixture::TearDown();
   }
 
+  // The form takes the session's sinks when it is made: open the same simulation again after setting one.
+  void ShowAgainWithSinks() {
+    session_->ShowDocument(zrsim_editor::EditorDocument::Open(session_->Document()->Project()->Path(),
+                                                              session_->Document()->SimulationName()));
+  }
+
   zrsimprp::GeoPackageProject& Project() { return *session_->Document()->Project(); }
 
   void TypeRepsInSession(const QString& text) {
@@ -128,6 +134,30 @@ TEST_F(EditorSessionTest, CtrlSValidatesAndSavesAsApplyDoes) {
   session_->SaveAction()->trigger();
   EXPECT_EQ(StoredDefinition(), before);
   EXPECT_FALSE(told_.empty());
+}
+
+TEST_F(EditorSessionTest, OpenAndOpenRecentOpenAnotherProjectAndSaveAsOpensTheCopy) {
+  const std::string other = Folder() + "/other.gpkg";
+  ASSERT_TRUE(session_->NewProject(other, false));
+  session_->SetOpenPathSink([this] { return Sample(); });
+  session_->OpenWithDialog();
+  EXPECT_EQ(session_->Document()->Project()->Path(), Sample());
+  ASSERT_EQ(session_->RecentMenu()->actions().size(), 2);
+  EXPECT_EQ(session_->RecentMenu()->actions()[1]->text(),
+            QString::fromStdString(std::filesystem::absolute(other).string()));
+  session_->RecentMenu()->actions()[1]->trigger();
+  EXPECT_EQ(session_->Document()->SimulationName(), EditorSession::kFirstSimulation);
+  const std::string copy = Folder() + "/copy.gpkg";
+  session_->SetSavePathSink([&] { return copy; });
+  ShowAgainWithSinks();
+  TypeRepsInSession("12");
+  ASSERT_TRUE(session_->SaveAs());
+  EXPECT_EQ(session_->Document()->Project()->Path(), copy);
+  EXPECT_EQ(RecentProjects::List().front(), std::filesystem::absolute(copy).string());
+  EXPECT_NE(zrsimprp::GeoPackageProject::Open(copy)
+                ->SimulationDefinition(EditorSession::kFirstSimulation)
+                .find("Reps=12;"),
+            std::string::npos);
 }
 
 TEST_F(EditorSessionTest, NewDuplicateRenameAndDeleteSimulations) {
