@@ -70,6 +70,10 @@ void LayerImporter::Prepare() {
   }
   read_ = VectorSource(options_.from)
               .Read(options_.table, options_.id_field, options_.label_field, options_.to_crs);
+  // Strata are listed in the order of their identifiers, as a copied GeoPackage's are, whatever order
+  // the file keeps them in (a FlatGeobuf's spatial index reorders them).
+  std::stable_sort(read_.features.begin(), read_.features.end(),
+                   [](const PolygonFeature& a, const PolygonFeature& b) { return a.id < b.id; });
 }
 
 LayerImportOutcome LayerImporter::Write(SqliteConnection& project) {

@@ -206,6 +206,16 @@ TEST_F(VectorImportTest, ALayerOutsideItsParentOrInOtherCoordinatesIsRefusedAndN
   EXPECT_EQ(project_->ImportLayer(options).count, 2);
 }
 
+TEST_F(VectorImportTest, FlatGeobufAndGeoJsonAreReadLikeAShapefile) {
+  const std::string tracts = Tracts(500000, 5000000, 1000, "EPSG::32633");
+  const std::string flatgeobuf = Converted(tracts, "tracts.fgb", "FlatGeobuf");
+  const std::string geojson = Converted(tracts, "tracts.json", "GeoJSON");
+  EXPECT_EQ(project_->ImportLayer(Options(flatgeobuf, "From FlatGeobuf")).crs, "EPSG:32633");
+  EXPECT_EQ(project_->ImportLayer(Options(geojson, "From GeoJSON")).crs, "EPSG:32633");
+  EXPECT_EQ(project_->LayerGeometry("From FlatGeobuf")->strata[0].label, "Tract 1");
+  EXPECT_EQ(project_->LayerGeometry("From GeoJSON")->strata[1].id, "2");
+}
+
 TEST_F(VectorImportTest, AFileGdalCannotReadIsOneSentence) {
   const std::string text = folder_.File("notes.txt");
   WriteBytes(text, "not a map");
