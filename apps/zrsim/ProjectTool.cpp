@@ -279,6 +279,7 @@ int ProjectTool::ImportLayer(const std::vector<std::string>& words) {
 
 std::string ProjectTool::ReimportCommand(const std::string& path, const std::vector<std::string>& words) {
   std::string name;
+  std::string region;
   std::string import = "zrsim project import-layer";
   for (std::size_t i = 0; i < words.size(); ++i) {
     if (words[i] == "--to-crs") {
@@ -286,10 +287,16 @@ std::string ProjectTool::ReimportCommand(const std::string& path, const std::vec
       continue;
     }
     if (words[i] == "--name" && i + 1 < words.size()) name = words[i + 1];
+    if (words[i] == "--make-region" && i + 1 < words.size()) region = words[i + 1];
     import += " " + ShellWord(words[i]);
   }
-  return "zrsim project remove-layer " + ShellWord(path) + " --name " + ShellWord(name) + " && " + import +
-         " --to-crs auto";
+  // The strata go first: their region is kept while they name it as their parent.
+  std::string remove =
+      "zrsim project remove-layer " + ShellWord(path) + " --name " + ShellWord(name) + " && ";
+  if (!region.empty()) {
+    remove += "zrsim project remove-layer " + ShellWord(path) + " --name " + ShellWord(region) + " && ";
+  }
+  return remove + import + " --to-crs auto";
 }
 
 int ProjectTool::AddDesign(const std::vector<std::string>& words) {

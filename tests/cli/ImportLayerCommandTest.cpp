@@ -74,6 +74,32 @@ TEST_F(ImportLayerCommand, StrataUnderTheSamplesRegionElsewhereAreRefusedAndTheF
   EXPECT_EQ(list.out.find("Counties"), std::string::npos);
 }
 
+TEST_F(ImportLayerCommand, TheDegreesWarningGivesCommandsThatImportTheLayerAndItsRegionInMetres) {
+  const std::string project = PathIn("mine.gpkg");
+  ASSERT_EQ(Run({"project", "new", project}).status, 0);
+  const std::string shapefile = CountiesShapefile();
+  Result imported = Run({"project", "import-layer", project, "--from", shapefile, "--id-field", "FIPS",
+                         "--name", "Counties", "--kind", "2", "--make-region", "Study area"});
+  ASSERT_EQ(imported.status, 0) << imported.err;
+  const std::string marker = "To import it in metres instead: ";
+  const std::size_t at = imported.out.find(marker);
+  ASSERT_NE(at, std::string::npos) << imported.out;
+  const std::string commands = imported.out.substr(at + marker.size());
+  EXPECT_EQ(commands, "zrsim project remove-layer " + project +
+                          " --name Counties && zrsim project remove-layer " + project +
+                          " --name 'Study area' && zrsim project import-layer " + project + " --from " +
+                          shapefile +
+                          " --id-field FIPS --name Counties --kind 2 --make-region 'Study area' "
+                          "--to-crs auto\n");
+  // The commands, run one after the other as a shell would, give the layers in metres.
+  ASSERT_EQ(Run({"project", "remove-layer", project, "--name", "Counties"}).status, 0);
+  ASSERT_EQ(Run({"project", "remove-layer", project, "--name", "Study area"}).status, 0);
+  Result again = Run({"project", "import-layer", project, "--from", shapefile, "--id-field", "FIPS", "--name",
+                      "Counties", "--kind", "2", "--make-region", "Study area", "--to-crs", "auto"});
+  EXPECT_EQ(again.status, 0) << again.err;
+  EXPECT_EQ(again.out.find("Warning"), std::string::npos) << again.out;
+}
+
 TEST_F(ImportLayerCommand, AWrongFieldListsTheFieldsTheSourceHas) {
   const std::string project = PathIn("mine.gpkg");
   ASSERT_EQ(Run({"project", "new", project}).status, 0);
