@@ -160,7 +160,7 @@ set(CPACK_DEBIAN_PACKAGE_SECTION science)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_STRIP_FILES ON)
 # A host building against the headers and static libraries needs what the CMake package finds.
-set(zrsimprp_package_recommends "cmake, g++, libsqlite3-dev")
+set(zrsimprp_package_recommends "cmake, g++, libsqlite3-dev, libgdal-dev, gdal-bin")
 if(ZRSIMPRP_HAS_WIDGETS)
   string(APPEND zrsimprp_package_recommends ", qt6-base-dev, qt6-charts-dev")
 endif()

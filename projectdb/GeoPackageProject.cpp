@@ -5,6 +5,8 @@
 #include "projectdb/GeoPackageProject.h"
 
 #include "projectdb/LayerImport.h"
+#include "projectdb/LayerImporter.h"
+#include "projectdb/ParentContainment.h"
 #include "projectdb/ProjectChecks.h"
 #include "projectdb/ProjectEngineDefaults.h"
 #include "projectdb/ProjectFileOpener.h"
@@ -13,6 +15,7 @@
 #include "projectdb/ProjectLayerTables.h"
 #include "projectdb/ProjectReadCache.h"
 #include "projectdb/ProjectRecords.h"
+#include "projectdb/ProjectRemovals.h"
 #include "projectdb/ProjectSchema.h"
 #include "projectdb/ProjectSettingsTable.h"
 #include "projectdb/SourcedCall.h"
@@ -117,6 +120,24 @@ GeoPackageProject::SaveOutcome GeoPackageProject::SaveSimulationDefinitionIfUnch
   });
 }
 
+void GeoPackageProject::SetSimulationDefinition(const std::string& name, const std::string& text) {
+  SourcedCall(kSource, [&]() {
+    Write([&] { ProjectRecords(*connection_).ReplaceSimulationDefinition(name, text); });
+  });
+}
+
+void GeoPackageProject::CopySimulation(const std::string& name, const std::string& to) {
+  SourcedCall(kSource, [&]() { Write([&] { ProjectRecords(*connection_).CopySimulation(name, to); }); });
+}
+
+void GeoPackageProject::RenameSimulation(const std::string& name, const std::string& to) {
+  SourcedCall(kSource, [&]() { Write([&] { ProjectRecords(*connection_).RenameSimulation(name, to); }); });
+}
+
+void GeoPackageProject::RemoveSimulation(const std::string& name) {
+  SourcedCall(kSource, [&]() { Write([&] { ProjectRecords(*connection_).RemoveSimulation(name); }); });
+}
+
 // --- Builders --------------------------------------------------------------------------------------
 
 void GeoPackageProject::AddLayer(const std::string& name, int32_t kind, const std::string& parent_name,
@@ -141,8 +162,19 @@ int32_t GeoPackageProject::ImportLayer(const std::string& from_gpkg, const std::
     Write([&] {
       ProjectLayerTables layers(*connection_);
       count = import.Write(layers, *connection_);
+      if (!parent.empty()) ParentContainment::Check(*connection_, name, parent);
     });
     return count;
+  });
+}
+
+LayerImportOutcome GeoPackageProject::ImportLayer(const LayerImportOptions& options) {
+  return SourcedCall(kSource, [&]() {
+    LayerImporter importer(options);
+    importer.Prepare();
+    LayerImportOutcome outcome;
+    Write([&] { outcome = importer.Write(*connection_); });
+    return outcome;
   });
 }
 
@@ -183,6 +215,28 @@ void GeoPackageProject::SetEngineDefault(const std::string& engine, const std::s
     ProjectChecks::CheckName(engine, "engine");
     Write([&] { ProjectRecords(*connection_).SetEngineDefault(engine, text); });
   });
+}
+
+// --- Removals --------------------------------------------------------------------------------------
+
+void GeoPackageProject::RemoveLayer(const std::string& name) {
+  SourcedCall(kSource, [&]() { Write([&] { ProjectRemovals(*connection_).RemoveLayer(name); }); });
+}
+
+void GeoPackageProject::RemoveDesign(int32_t id) {
+  SourcedCall(kSource, [&]() { Write([&] { ProjectRemovals(*connection_).RemoveDesign(id); }); });
+}
+
+void GeoPackageProject::RemoveSurvey(int32_t id) {
+  SourcedCall(kSource, [&]() { Write([&] { ProjectRemovals(*connection_).RemoveSurvey(id); }); });
+}
+
+void GeoPackageProject::RemoveDataFilter(int32_t id) {
+  SourcedCall(kSource, [&]() { Write([&] { ProjectRemovals(*connection_).RemoveDataFilter(id); }); });
+}
+
+void GeoPackageProject::RemoveModelDefinition(int32_t id) {
+  SourcedCall(kSource, [&]() { Write([&] { ProjectRemovals(*connection_).RemoveModelDefinition(id); }); });
 }
 
 // --- Listings --------------------------------------------------------------------------------------

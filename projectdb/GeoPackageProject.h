@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "projectdb/LayerImportOptions.h"
 #include "projectdb/PolygonFeature.h"
 #include "zrsimprp/host/LayerGeometrySource.h"
 #include "zrsimprp/host/ProjectDatabase.h"
@@ -106,6 +107,12 @@ class GeoPackageProject : public ProjectDatabase,
   SaveOutcome SaveSimulationDefinitionIfUnchanged(const std::string& name, const std::string& loaded_text,
                                                   const std::string& text);
 
+  // Replaces the definition of a simulation the project has; refused when it has none.
+  void SetSimulationDefinition(const std::string& name, const std::string& text);
+  void CopySimulation(const std::string& name, const std::string& to);
+  void RenameSimulation(const std::string& name, const std::string& to);
+  void RemoveSimulation(const std::string& name);
+
   // Builders.
   void AddLayer(const std::string& name, int32_t kind, const std::string& parent_name,
                 const std::string& id_field, const std::string& label_field,
@@ -113,6 +120,9 @@ class GeoPackageProject : public ProjectDatabase,
   int32_t ImportLayer(const std::string& from_gpkg, const std::string& table, const std::string& id_field,
                       const std::string& label_field, const std::string& name, int32_t kind,
                       const std::string& parent);
+  // Imports a layer of any vector file GDAL reads, reprojected and with a region made from it when asked;
+  // a layer with a parent must share its coordinate system and lie inside it. One transaction.
+  LayerImportOutcome ImportLayer(const LayerImportOptions& options);
   void AddDesign(int32_t id, const std::string& name, const std::string& definition_text);
   // The same, refused unless the project has the layer `stratum_layer`, checked in the same transaction.
   void AddDesign(int32_t id, const std::string& name, const std::string& definition_text,
@@ -122,6 +132,14 @@ class GeoPackageProject : public ProjectDatabase,
   void AddModelDefinition(int32_t id, const std::string& name, const std::string& engine,
                           const std::string& definition_text);
   void SetEngineDefault(const std::string& engine, const std::string& text);
+
+  // Removals, each refused (naming what still uses it) while a layer, record or simulation refers to
+  // what would go.
+  void RemoveLayer(const std::string& name);
+  void RemoveDesign(int32_t id);
+  void RemoveSurvey(int32_t id);
+  void RemoveDataFilter(int32_t id);
+  void RemoveModelDefinition(int32_t id);
 
   // Listings.
   std::vector<LayerInfo> Layers();

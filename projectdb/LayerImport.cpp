@@ -60,12 +60,36 @@ std::string LayerImport::Where() const {
   return "The table '" + info_.Name() + "' of '" + request_.from_gpkg + "'";
 }
 
+std::string LayerImport::FieldList() const {
+  std::string names;
+  const auto& columns = info_.Columns();
+  for (std::size_t i = 0; i < columns.size(); ++i) {
+    names += (i == 0 ? "" : (i + 1 == columns.size() ? " and " : ", ")) + ("'" + columns[i].name + "'");
+  }
+  return columns.empty() ? "it has no fields." : "its fields are " + names + ".";
+}
+
 void LayerImport::ReadSource() {
   ProjectChecks::CheckExistingFile(request_.from_gpkg, "GeoPackage");
   source_ = std::make_unique<SqliteConnection>(request_.from_gpkg, SQLITE_OPEN_READONLY,
                                                SqliteConnection::Limits());
   ProjectSchema::VerifyGeoPackage(*source_);
+  if (!source_->TableExists(request_.table)) RefuseMissingTable();
   info_ = FeatureTableInfo::Inspect(*source_, request_.table);
+}
+
+void LayerImport::RefuseMissingTable() const {
+  SqliteStatement rows = source_->Prepare(
+      "SELECT table_name FROM gpkg_contents WHERE data_type = 'features' ORDER BY table_name");
+  std::vector<std::string> names;
+  while (rows.Step()) names.push_back(rows.Text(0));
+  std::string list;
+  for (std::size_t i = 0; i < names.size(); ++i) {
+    list += (i == 0 ? "" : (i + 1 == names.size() ? " and " : ", ")) + ("'" + names[i] + "'");
+  }
+  ProjectChecks::Refuse(
+      "The file '" + request_.from_gpkg + "' holds no table named '" + request_.table + "'; " +
+      (names.empty() ? std::string("it has no feature tables.") : "its feature tables are " + list + "."));
 }
 
 void LayerImport::Check() {
@@ -81,12 +105,13 @@ void LayerImport::Check() {
   }
   const FeatureTableInfo::Column* id =
       request_.id_field.empty() ? info_.Find(info_.PrimaryKey()) : info_.Find(request_.id_field);
-  if (id == nullptr) ProjectChecks::Refuse(where + " has no field '" + request_.id_field + "'.");
+  if (id == nullptr)
+    ProjectChecks::Refuse(where + " has no field '" + request_.id_field + "'; " + FieldList());
   id_ = *id;
   const FeatureTableInfo::Column* label =
       request_.label_field.empty() ? nullptr : info_.Find(request_.label_field);
   if (!request_.label_field.empty() && label == nullptr) {
-    ProjectChecks::Refuse(where + " has no field '" + request_.label_field + "'.");
+    ProjectChecks::Refuse(where + " has no field '" + request_.label_field + "'; " + FieldList());
   }
   if (label != nullptr) label_ = *label;
 }

@@ -53,6 +53,10 @@ class LayerImport {
   // number that the project already holds must be the same one.
   void CopySpatialReference(SqliteConnection& project) const;
   GeoPackageGeometry::Envelope SourceExtent() const;
+  // "its fields are 'a', 'b' and 'c'.", for a refusal naming a field the table lacks.
+  std::string FieldList() const;
+  // Refuses the asked table, naming the feature tables the source has.
+  [[noreturn]] void RefuseMissingTable() const;
   // How the source names the table in messages.
   std::string Where() const;
 

@@ -4,6 +4,7 @@
 #include "projectdb/ProjectSchema.h"
 #include "projectdb/SqliteConnection.h"
 #include "projectdb/SqliteStatement.h"
+#include "zrsimprp/host/Conversions.h"
 
 namespace zrsimprp {
 
@@ -64,6 +65,51 @@ void ProjectRecords::UpsertSimulationDefinition(const std::string& name, const s
                               " (name, definition) VALUES (?1, ?2) ON CONFLICT (name) DO "
                               "UPDATE SET definition = excluded.definition"));
   upsert.Bind(1, name).Bind(2, text).Run();
+  ProjectSchema::Touch(connection_, ProjectSchema::kSimulationsTable);
+}
+
+void ProjectRecords::ReplaceSimulationDefinition(const std::string& name, const std::string& text) {
+  CheckDefinitionToSave(name, text);
+  SimulationDefinition(name);  // refuses a simulation the project does not have
+  SqliteStatement update = connection_.Prepare(
+      Sql("UPDATE ", ProjectSchema::kSimulationsTable, " SET definition = ?2 WHERE name = ?1"));
+  update.Bind(1, name).Bind(2, text).Run();
+  ProjectSchema::Touch(connection_, ProjectSchema::kSimulationsTable);
+}
+
+void ProjectRecords::RequireFreeSimulationName(const std::string& to, const std::string& name) {
+  ProjectChecks::CheckName(to, "simulation");
+  SqliteStatement row =
+      connection_.Prepare(Sql("SELECT name FROM ", ProjectSchema::kSimulationsTable, " WHERE name = ?1"));
+  row.Bind(1, to);
+  if (row.Step() && !TextEquals(row.Text(0), name)) {
+    ProjectChecks::Refuse("The project already has a simulation named '" + row.Text(0) + "'.");
+  }
+}
+
+void ProjectRecords::CopySimulation(const std::string& name, const std::string& to) {
+  const std::string text = SimulationDefinition(name);
+  RequireFreeSimulationName(to, "");
+  SqliteStatement insert = connection_.Prepare(
+      Sql("INSERT INTO ", ProjectSchema::kSimulationsTable, " (name, definition) VALUES (?1, ?2)"));
+  insert.Bind(1, to).Bind(2, text).Run();
+  ProjectSchema::Touch(connection_, ProjectSchema::kSimulationsTable);
+}
+
+void ProjectRecords::RenameSimulation(const std::string& name, const std::string& to) {
+  SimulationDefinition(name);
+  RequireFreeSimulationName(to, name);
+  SqliteStatement update =
+      connection_.Prepare(Sql("UPDATE ", ProjectSchema::kSimulationsTable, " SET name = ?2 WHERE name = ?1"));
+  update.Bind(1, name).Bind(2, to).Run();
+  ProjectSchema::Touch(connection_, ProjectSchema::kSimulationsTable);
+}
+
+void ProjectRecords::RemoveSimulation(const std::string& name) {
+  SimulationDefinition(name);
+  SqliteStatement remove =
+      connection_.Prepare(Sql("DELETE FROM ", ProjectSchema::kSimulationsTable, " WHERE name = ?1"));
+  remove.Bind(1, name).Run();
   ProjectSchema::Touch(connection_, ProjectSchema::kSimulationsTable);
 }
 

@@ -29,6 +29,13 @@ class ProjectRecords {
   void SaveSimulationDefinition(const std::string& name, const std::string& text);
   // The same as one statement.
   void UpsertSimulationDefinition(const std::string& name, const std::string& text);
+  // Replaces the definition of a simulation the project has (refused when it has none).
+  void ReplaceSimulationDefinition(const std::string& name, const std::string& text);
+  // A new simulation `to` with the definition of `name`; refused when `name` is missing or `to` taken.
+  void CopySimulation(const std::string& name, const std::string& to);
+  // The same, keeping the definition under the new name only.
+  void RenameSimulation(const std::string& name, const std::string& to);
+  void RemoveSimulation(const std::string& name);
 
   void AddDesign(int32_t id, const std::string& name, const std::string& definition_text);
   // Refuses, naming the layers there are, when the project has no layer `stratum_layer`.
@@ -46,6 +53,9 @@ class ProjectRecords {
   std::vector<GeoPackageProject::ModelDefinitionInfo> ModelDefinitions();
 
  private:
+  // Refuses a blank `to`, or one another simulation than `name` already has (case ignored).
+  void RequireFreeSimulationName(const std::string& to, const std::string& name);
+
   SqliteConnection& connection_;
 };
 

@@ -9,6 +9,7 @@
 #include "zrsim-editor/EditorArguments.h"
 #include "zrsim-editor/EditorDocument.h"
 #include "zrsim-editor/EditorError.h"
+#include "zrsim-editor/EditorSession.h"
 #include "zrsim-editor/EditorWindow.h"
 #include "zrsim-editor/FirstFrameProbe.h"
 #include "zrsim-editor/ProcessClock.h"
@@ -80,6 +81,7 @@ int EditorApplication::Main(int& argc, char** argv, const std::vector<std::strin
 }
 
 int EditorApplication::Run(const EditorOptions& options) {
+  if (options.screenshot_dir.empty() && !options.exit_after_first_frame) return RunSession(options);
   std::string project = options.project;
   if (project.empty()) {
     project = DefaultProject(QApplication::applicationDirPath().toStdString());
@@ -115,6 +117,18 @@ int EditorApplication::Run(const EditorOptions& options) {
   }
   for (const std::string& problem : problems) std::cerr << "zrsim-editor: " << problem << "\n";
   return 0;
+}
+
+int EditorApplication::RunSession(const EditorOptions& options) {
+  EditorSession session;
+  if (options.project.empty()) {
+    if (!session.StartWithoutProject(DefaultProject(QApplication::applicationDirPath().toStdString())))
+      return 0;
+  } else if (!session.ShowDocument(EditorDocument::Open(options.project, options.simulation))) {
+    return kUsageOrFileError;
+  }
+  session.show();
+  return QApplication::exec();
 }
 
 int EditorApplication::Fail(int& argc, char** argv, const EditorOptions& options,

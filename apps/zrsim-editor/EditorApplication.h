@@ -21,6 +21,8 @@ class EditorApplication {
  private:
   static int Fail(int& argc, char** argv, const EditorOptions& options, const std::string& message);
   static int Run(const EditorOptions& options);
+  // The interactive editor: menus, the simulations list and the form (see EditorSession).
+  static int RunSession(const EditorOptions& options);
 };
 
 }  // namespace zrsim_editor

@@ -15,6 +15,7 @@
 #include "zrsim-editor/HelpBrowser.h"
 #include "zrsim-editor/LiveLint.h"
 #include "zrsim-editor/PersonalSettings.h"
+#include "zrsim-editor/RememberedView.h"
 #include "zrsim-editor/WarningsBar.h"
 #include "zrsimprp/control/PageTable.h"
 #include "zrsimprp/host/RuntimeError.h"
@@ -134,10 +135,21 @@ std::shared_ptr<zrsimprp::ProjectSettings> EditorWindow::PersonalStore() const {
 }
 
 bool EditorWindow::Load() {
-  try {
+  const auto initialize = [this] {
     properties_->SetProjectDatabase(document_.RoutedDatabase(PersonalStore()));
     properties_->SetDefinition(document_.SavedDefinition());
     properties_->Initialize();
+  };
+  try {
+    try {
+      initialize();
+    } catch (const std::exception& refused) {
+      // What is kept per person never stops a simulation from opening: forget it and try again.
+      if (!RememberedView::Forget(document_.Project()->Path(), document_.SimulationName())) throw;
+      const std::string reason = Describe(refused);
+      initialize();
+      Tell(RememberedView::ForgottenMessage(document_.SimulationName(), reason));
+    }
   } catch (const std::exception& error) {
     Tell("The simulation '" + document_.SimulationName() + "' could not be loaded: " + Describe(error));
     return false;

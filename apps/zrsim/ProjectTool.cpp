@@ -6,10 +6,15 @@
 #include <limits>
 #include <ostream>
 
+#include "projectdb/DesignDefinition.h"
+#include "projectdb/EmptyProject.h"
+#include "projectdb/LayerImportOptions.h"
 #include "projectdb/LayerKind.h"
 #include "projectdb/SampleProject.h"
 #include "zrsim/ArgumentParser.h"
+#include "zrsim/DefinitionWords.h"
 #include "zrsim/ExitStatus.h"
+#include "zrsim/ProjectEditCommands.h"
 #include "zrsim/UsageError.h"
 #include "zrsim/VisibleText.h"
 #include "zrsimprp/host/Conversions.h"
@@ -22,11 +27,14 @@ namespace zrsim {
 namespace {
 
 const char* const kSubcommands[][2] = {
+    {"new", "FILE"},
     {"sample", "FILE [--force]"},
     {"list", "FILE"},
     {"import-layer",
-     "FILE --from GPKG --table T --id-field F [--label-field L] --name N --kind K [--parent P]"},
-    {"add-design", "FILE --id I --name N --stratum-layer L"},
+     "FILE --from SOURCE [--table T] --id-field F [--label-field L] --name N --kind K [--parent P | "
+     "--make-region R] [--to-crs auto|EPSG:N]"},
+    {"add-design",
+     "FILE --id I --name N --stratum-layer L [--type parallel|zigzag [--spacing S] [--truncation W]]"},
     {"add-survey", "FILE --id I --name N --design D [--status S]"},
     {"add-filter", "FILE --id I --name N"},
     {"add-model", "FILE --id I --name N --engine E [--method M]"},
@@ -34,6 +42,17 @@ const char* const kSubcommands[][2] = {
 };
 
 // One entry "key=value;" written by the host's codec, so that quoting follows the one syntax.
+// A word as a POSIX shell reads it back: quoted when it holds anything but plain characters.
+std::string ShellWord(const std::string& word) {
+  if (!word.empty() && word.find_first_not_of("ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789"
+                                              "-_./:=+,@%") == std::string::npos) {
+    return word;
+  }
+  std::string quoted = "'";
+  for (const char c : word) quoted += c == '\'' ? std::string("'\\''") : std::string(1, c);
+  return quoted + "'";
+}
+
 std::string SingleEntry(const std::string& key, const std::string& value) {
   std::string text;
   std::vector<std::string> names(1);
@@ -49,6 +68,9 @@ std::string ProjectTool::Usage() {
   for (const auto& subcommand : kSubcommands) {
     text += std::string("  ") + subcommand[0] + " " + subcommand[1] + "\n";
   }
+  for (const auto& [name, synopsis] : ProjectEditCommands::Synopses()) {
+    text += "  " + name + " " + synopsis + "\n";
+  }
   text +=
       "\nRun 'zrsim project COMMAND --help' for one command. Every change is one transaction of the\n"
       "project file. Exit status: 0 done, 2 a mistake in the arguments or a file that cannot be used.\n";
@@ -60,22 +82,41 @@ std::string ProjectTool::Help(const std::string& subcommand) {
   for (const auto& entry : kSubcommands) {
     if (subcommand == entry[0]) synopsis = entry[1];
   }
+  for (const auto& [name, edit_synopsis] : ProjectEditCommands::Synopses()) {
+    if (subcommand == name) synopsis = edit_synopsis;
+  }
   std::string text = "Usage: zrsim project " + subcommand + " " + synopsis + "\n\n";
-  if (subcommand == "sample") {
+  if (ProjectEditCommands::Handles(subcommand)) {
+    text += ProjectEditCommands::Help(subcommand);
+  } else if (subcommand == "new") {
+    text +=
+        "Writes an empty project to FILE: no layers, records or simulations, only the defaults a new\n"
+        "simulation starts from. An existing file is never replaced.\n";
+  } else if (subcommand == "sample") {
     text += "Writes the sample project to FILE. An existing file is replaced only with --force.\n";
   } else if (subcommand == "list") {
     text += "Lists the layers, designs, surveys, data filters, model definitions and simulations.\n";
   } else if (subcommand == "import-layer") {
     text +=
-        "Copies the polygon table T of the GeoPackage GPKG into the project as the layer N of kind K\n"
-        "(1 marks a study region, the top of a parent chain; 2 strata, which need their parent layer\n"
-        "P), with F as its identifier field and L as its label field. Geometry and coordinate system\n"
-        "are copied as they are; coordinates in degrees are reported, since distances in the\n"
-        "simulation are then in degrees too.\n";
+        "Imports the polygon layer T of the vector file SOURCE (any format GDAL reads: GeoPackage,\n"
+        "Shapefile, GeoJSON, FlatGeobuf, KML, ...; T may be left out when SOURCE has one layer) into the\n"
+        "project as the layer N of kind K (1 marks a study region, the top of a parent chain; 2 strata,\n"
+        "which need their parent layer P), with F as its identifier field and L as its label field.\n"
+        "--to-crs auto reprojects it to the WGS 84 UTM zone of its centre, --to-crs EPSG:N to that\n"
+        "system; without it the coordinates are kept (a GeoPackage's geometry byte for byte), and\n"
+        "coordinates in degrees are warned about, since distances in the simulation are then in degrees.\n"
+        "--make-region R makes the study region R by dissolving the strata, and makes it their parent.\n"
+        "A layer must share its parent's coordinate system and lie inside it (95 % of its area).\n";
   } else if (subcommand == "add-design") {
-    text += "Adds the design I named N whose strata come from the layer L.\n";
+    text +=
+        "Adds the design I named N whose strata come from the layer L. --type gives its transects'\n"
+        "layout (parallel lines or a zigzag), --spacing S the distance between them and --truncation W\n"
+        "the distance from a line beyond which detections are not recorded, in the layer's units.\n";
   } else if (subcommand == "add-survey") {
-    text += "Adds the survey I named N made with the design D; status S (default 1; only 1 is offered).\n";
+    text +=
+        "Adds the survey I named N made with the design D. The status S says whether the survey's\n"
+        "transects have been generated: 1 (the default) means they have, and only such surveys are\n"
+        "offered to a simulation; 0 marks a draft that is kept but not offered.\n";
   } else if (subcommand == "add-filter") {
     text += "Adds the data filter I named N.\n";
   } else if (subcommand == "add-model") {
@@ -100,6 +141,7 @@ int ProjectTool::Run(const std::vector<std::string>& words) {
   }
   using Handler = int (ProjectTool::*)(const std::vector<std::string>&);
   const std::pair<const char*, Handler> handlers[] = {
+      {"new", &ProjectTool::New},
       {"sample", &ProjectTool::Sample},
       {"list", &ProjectTool::List},
       {"import-layer", &ProjectTool::ImportLayer},
@@ -117,7 +159,27 @@ int ProjectTool::Run(const std::vector<std::string>& words) {
     }
     return (this->*handler)(rest);
   }
+  if (ProjectEditCommands::Handles(subcommand)) {
+    if (ArgumentParser::AsksForHelp(rest)) {
+      out_ << Help(subcommand);
+      return kSuccess;
+    }
+    return ProjectEditCommands(out_, files_).Run(subcommand, rest);
+  }
   throw UsageError("zrsim project: unknown command '" + subcommand + "'\n" + Usage());
+}
+
+int ProjectTool::New(const std::vector<std::string>& words) {
+  const std::string command = "zrsim project new";
+  ParsedArguments arguments = ArgumentParser(command).Positionals(1, 1, "FILE").Parse(words);
+  const std::string path = arguments.Positionals()[0];
+  std::error_code error;
+  if (std::filesystem::exists(path, error)) {
+    throw UsageError(command + ": '" + path + "' already exists; a new project is never written over a file");
+  }
+  Change(command, [&] { zrsimprp::EmptyProject::Create(path); });
+  out_ << "Wrote an empty project to " << path << "\n";
+  return kSuccess;
 }
 
 int ProjectTool::Sample(const std::vector<std::string>& words) {
@@ -147,7 +209,8 @@ int ProjectTool::List(const std::vector<std::string>& words) {
     }
     out_ << "Designs:\n";
     for (const auto& design : project->Designs()) {
-      out_ << "  " << design.id << " " << design.name << ": " << VisibleText(design.definition_text) << "\n";
+      out_ << "  " << design.id << " " << VisibleText(design.name) << ": "
+           << DefinitionWords(design.definition_text) << "\n";
     }
     out_ << "Surveys:\n";
     for (const auto& survey : project->Surveys()) {
@@ -160,7 +223,7 @@ int ProjectTool::List(const std::vector<std::string>& words) {
     out_ << "Model definitions:\n";
     for (const auto& model : project->ModelDefinitionList()) {
       out_ << "  " << model.id << " " << model.name << " (engine " << model.engine << ")"
-           << (model.definition_text.empty() ? "" : ": " + VisibleText(model.definition_text)) << "\n";
+           << (model.definition_text.empty() ? "" : ": " + DefinitionWords(model.definition_text)) << "\n";
     }
     out_ << "Simulations:\n";
     for (const auto& name : project->SimulationNames()) out_ << "  " << VisibleText(name) << "\n";
@@ -178,28 +241,62 @@ int ProjectTool::ImportLayer(const std::vector<std::string>& words) {
                                   .Option("name")
                                   .Option("kind")
                                   .Option("parent")
+                                  .Option("to-crs")
+                                  .Option("make-region")
                                   .Positionals(1, 1, "FILE")
                                   .Parse(words);
-  const std::string from = Required(command, arguments, "from");
-  const std::string table = Required(command, arguments, "table");
-  const std::string id_field = Required(command, arguments, "id-field");
-  const std::string name = Required(command, arguments, "name");
-  const int32_t kind = Kind(command, arguments);
-  auto project = files_.OpenProject(command, arguments.Positionals()[0]);
-  int32_t count = 0;
-  bool geographic = false;
-  Change(command, [&] {
-    count = project->ImportLayer(from, table, id_field, arguments.Value("label-field"), name, kind,
-                                 arguments.Value("parent"));
-    geographic = project->HasGeographicCoordinates(name);
-  });
-  out_ << "Imported " << count << " features of '" << table << "' as the layer '" << name << "'\n";
-  if (geographic) {
-    out_ << "Warning: the layer '" << name
-         << "' has geographic coordinates (degrees of longitude and latitude), so distances in the "
-            "simulation will be in degrees.\n";
+  zrsimprp::LayerImportOptions options;
+  options.from = Required(command, arguments, "from");
+  options.table = arguments.Value("table");
+  options.id_field = Required(command, arguments, "id-field");
+  options.label_field = arguments.Value("label-field");
+  options.name = Required(command, arguments, "name");
+  options.kind = Kind(command, arguments);
+  options.parent = arguments.Value("parent");
+  options.to_crs = arguments.Value("to-crs");
+  options.make_region = arguments.Value("make-region");
+  if (arguments.Has("to-crs") && options.to_crs.empty()) {
+    throw UsageError(command + ": --to-crs must be auto or EPSG: and the number of a coordinate system");
+  }
+  const std::string path = arguments.Positionals()[0];
+  auto project = files_.OpenProject(command, path);
+  zrsimprp::LayerImportOutcome outcome;
+  Change(command, [&] { outcome = project->ImportLayer(options); });
+  if (!options.make_region.empty()) {
+    out_ << "Made the study region '" << options.make_region << "' by dissolving the layer's polygons\n";
+  }
+  out_ << "Imported " << outcome.count << " features of '" << outcome.table << "' as the layer '"
+       << options.name << "'" << (options.to_crs.empty() ? "" : " in " + outcome.crs) << "\n";
+  if (outcome.geographic) {
+    out_
+        << "Warning: the layer '" << options.name
+        << "' has geographic coordinates (degrees of longitude and latitude), so distances in the simulation "
+           "will be in degrees. To import it in metres instead: "
+        << ReimportCommand(path, words) << "\n";
   }
   return kSuccess;
+}
+
+std::string ProjectTool::ReimportCommand(const std::string& path, const std::vector<std::string>& words) {
+  std::string name;
+  std::string region;
+  std::string import = "zrsim project import-layer";
+  for (std::size_t i = 0; i < words.size(); ++i) {
+    if (words[i] == "--to-crs") {
+      ++i;  // replaced below
+      continue;
+    }
+    if (words[i] == "--name" && i + 1 < words.size()) name = words[i + 1];
+    if (words[i] == "--make-region" && i + 1 < words.size()) region = words[i + 1];
+    import += " " + ShellWord(words[i]);
+  }
+  // The strata go first: their region is kept while they name it as their parent.
+  std::string remove =
+      "zrsim project remove-layer " + ShellWord(path) + " --name " + ShellWord(name) + " && ";
+  if (!region.empty()) {
+    remove += "zrsim project remove-layer " + ShellWord(path) + " --name " + ShellWord(region) + " && ";
+  }
+  return remove + import + " --to-crs auto";
 }
 
 int ProjectTool::AddDesign(const std::vector<std::string>& words) {
@@ -208,13 +305,17 @@ int ProjectTool::AddDesign(const std::vector<std::string>& words) {
                                   .Option("id")
                                   .Option("name")
                                   .Option("stratum-layer")
+                                  .Option("type")
+                                  .Option("spacing")
+                                  .Option("truncation")
                                   .Positionals(1, 1, "FILE")
                                   .Parse(words);
   const int32_t id = Integer(command, arguments, "id");
   const std::string name = Required(command, arguments, "name");
   const std::string layer = Required(command, arguments, "stratum-layer");
+  const std::string text = DesignDefinition(command, arguments);
   auto project = files_.OpenProject(command, arguments.Positionals()[0]);
-  Change(command, [&] { project->AddDesign(id, name, SingleEntry("STRATUM LAYER", layer), layer); });
+  Change(command, [&] { project->AddDesign(id, name, text, layer); });
   out_ << "Added the design " << id << " " << name << "\n";
   return kSuccess;
 }
@@ -302,6 +403,31 @@ int ProjectTool::AddSimulation(const std::vector<std::string>& words) {
   return kSuccess;
 }
 
+std::string ProjectTool::DesignDefinition(const std::string& command, const ParsedArguments& arguments) {
+  const std::string layer = arguments.Value("stratum-layer");
+  if (!arguments.Has("type")) {
+    if (arguments.Has("spacing") || arguments.Has("truncation")) {
+      throw UsageError(command + ": --spacing and --truncation need --type, the layout of the transects");
+    }
+    return zrsimprp::DesignDefinition::LayerOnly(layer);
+  }
+  const std::string type(zrsimprp::TrimBlanks(arguments.Value("type")));
+  if (!zrsimprp::TextEquals(type, "parallel") && !zrsimprp::TextEquals(type, "zigzag")) {
+    throw UsageError(command + ": --type must be parallel or zigzag, not '" + arguments.Value("type") + "'");
+  }
+  for (const char* option : {"spacing", "truncation"}) {
+    if (!arguments.Has(option)) continue;
+    const std::string text(zrsimprp::TrimBlanks(arguments.Value(option)));
+    const double value = zrsimprp::IsNumeric(text) ? zrsimprp::ToDouble(text) : 0.0;
+    if (!(value > 0.0) || value > 1e12) {
+      throw UsageError(command + ": --" + option + " must be a distance above 0, not '" +
+                       arguments.Value(option) + "'");
+    }
+  }
+  return zrsimprp::DesignDefinition::Text(layer, type, arguments.Value("spacing"),
+                                          arguments.Value("truncation"));
+}
+
 std::string ProjectTool::Required(const std::string& command, const ParsedArguments& arguments,
                                   const std::string& option) {
   if (!arguments.Has(option)) throw UsageError(command + ": --" + option + " is required");
@@ -332,8 +458,11 @@ int32_t ProjectTool::Kind(const std::string& command, const ParsedArguments& arg
     throw UsageError(command + ": --kind must be " + zrsimprp::LayerKind::AllowedValues() + ", not '" + text +
                      "'");
   }
-  if (kind == zrsimprp::LayerKind::kStrata && arguments.Value("parent").empty()) {
-    throw UsageError(command + ": a layer of kind 2 (strata) needs --parent, the layer its strata lie in");
+  if (kind == zrsimprp::LayerKind::kStrata && arguments.Value("parent").empty() &&
+      arguments.Value("make-region").empty()) {
+    throw UsageError(
+        command +
+        ": a layer of kind 2 (strata) needs --parent, the layer its strata lie in, or --make-region");
   }
   return kind;
 }
@@ -341,19 +470,6 @@ int32_t ProjectTool::Kind(const std::string& command, const ParsedArguments& arg
 int32_t ProjectTool::Integer(const std::string& command, const ParsedArguments& arguments,
                              const std::string& option, int32_t fallback) {
   return arguments.Has(option) ? Integer(command, arguments, option) : fallback;
-}
-
-template <class Body>
-void ProjectTool::Change(const std::string& command, Body&& body) {
-  try {
-    body();
-  } catch (const UsageError&) {
-    throw;
-  } catch (const zrsimprp::RuntimeError& error) {
-    throw UsageError(command + ": " + error.description);
-  } catch (const std::exception& error) {
-    throw UsageError(command + ": " + error.what());
-  }
 }
 
 }  // namespace zrsim

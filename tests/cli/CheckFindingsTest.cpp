@@ -231,12 +231,14 @@ TEST_F(CheckFindings, EveryCommandHasHelp) {
   }
 }
 
-TEST_F(CheckFindings, ProjectListShowsLineBreaksOfDefinitionsVisibly) {
+TEST_F(CheckFindings, ProjectListShowsDefinitionsAsWordsWithoutLineBreaks) {
   Result result = Run({"project", "list", SampleProject()});
   EXPECT_EQ(result.status, 0);
   EXPECT_EQ(result.out.find('\r'), std::string::npos);
+  EXPECT_EQ(result.out.find("\\r\\n"), std::string::npos) << result.out;
   EXPECT_NE(
-      result.out.find("  1 Systematic parallel lines: Engine=DES;\\r\\nType=Parallel /Spacing=500;\\r\\n"),
+      result.out.find("  1 Systematic parallel lines: type Parallel, spacing 500, stratum layer Strata, "
+                      "truncation 200\n"),
       std::string::npos)
       << result.out;
 }

@@ -74,7 +74,10 @@ TEST_F(ProjectFileTrust, ALayerInDegreesIsImportedWithAWarning) {
   EXPECT_EQ(result.out,
             "Imported 2 features of 'parks' as the layer 'Parks'\n"
             "Warning: the layer 'Parks' has geographic coordinates (degrees of longitude and latitude), so "
-            "distances in the simulation will be in degrees.\n");
+            "distances in the simulation will be in degrees. To import it in metres instead: zrsim project "
+            "remove-layer " +
+                project + " --name Parks && zrsim project import-layer " + project + " --from " +
+                DegreesGeoPackage() + " --table parks --id-field park --name Parks --kind 1 --to-crs auto\n");
 }
 
 TEST_F(ProjectFileTrust, AKindTheHostDoesNotDefineIsRefusedNamingTheAllowedValues) {
@@ -97,7 +100,8 @@ TEST_F(ProjectFileTrust, AStrataLayerWithoutAParentIsRefused) {
   EXPECT_EQ(result.status, 2);
   EXPECT_EQ(
       result.err,
-      "zrsim project import-layer: a layer of kind 2 (strata) needs --parent, the layer its strata lie in\n");
+      "zrsim project import-layer: a layer of kind 2 (strata) needs --parent, the layer its strata lie in, or "
+      "--make-region\n");
 }
 
 TEST_F(ProjectFileTrust, ADesignOnALayerTheProjectLacksIsRefusedAndNothingIsWritten) {

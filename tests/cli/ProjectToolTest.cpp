@@ -66,10 +66,10 @@ TEST_F(ProjectTool, AddsDesignSurveyFilterAndModelThatTheControlThenOffers) {
                 .status,
             0);
   list = Run({"project", "list", project});
-  EXPECT_NE(list.out.find("  901 Zigzag: \"STRATUM LAYER\"="), std::string::npos) << list.out;
+  EXPECT_NE(list.out.find("  901 Zigzag: stratum layer " + layer + "\n"), std::string::npos) << list.out;
   EXPECT_NE(list.out.find("  902 Zigzag survey (status 1, design 901)\n"), std::string::npos) << list.out;
   EXPECT_NE(list.out.find("  903 Truncated\n"), std::string::npos);
-  EXPECT_NE(list.out.find("  904 HN ds (engine MRDS): Method=ds;\n"), std::string::npos) << list.out;
+  EXPECT_NE(list.out.find("  904 HN ds (engine MRDS): method ds\n"), std::string::npos) << list.out;
 
   Result show = Run({"show", "--project", project, "--definition", "-"},
                     "Transects=Survey /ObjectID=902; DataFilter=903; ModelDef=904; Analyse=True;");

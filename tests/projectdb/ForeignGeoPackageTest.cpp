@@ -23,6 +23,10 @@ class ForeignGeoPackageTest : public ::testing::Test {
 };
 
 TEST_F(ForeignGeoPackageTest, ImportingA150FeatureLayerReadsBackThroughTheLayerInterface) {
+  // A layer lies inside its parent, in the parent's coordinates: the parent here is the same table.
+  path_ = folder_.File("own.gpkg");
+  project_ = GeoPackageProject::Create(path_);
+  project_->ImportLayer(source_, "nc.gpkg", "OBJECTID", "", "Region", 1, "");
   EXPECT_EQ(project_->ImportLayer(source_, "nc.gpkg", "OBJECTID", "NAME", "Counties", 2, "Region"), 150);
   project_.reset();
   auto layer = GeoPackageProject::Open(path_)->Companion()->LayerByName("counties");
@@ -91,7 +95,8 @@ TEST_F(ForeignGeoPackageTest, ImportNamesAMissingLabelField) {
   EXPECT_EQ(CaptureError([&] {
               project_->ImportLayer(source_, "nc.gpkg", "OBJECTID", "LABEL", "C", 2, "");
             }).description,
-            "The table 'nc.gpkg' of '" + source_ + "' has no field 'LABEL'.");
+            "The table 'nc.gpkg' of '" + source_ +
+                "' has no field 'LABEL'; its fields are 'NAME', 'SHAPE', 'OBJECTID' and 'CODE'.");
   EXPECT_EQ(project_->Layers().size(), 2u);
 }
 
@@ -99,7 +104,8 @@ TEST_F(ForeignGeoPackageTest, ImportRefusesAPointTableAMissingTableAndAFileThatI
   EXPECT_EQ(CaptureError([&] { project_->ImportLayer(source_, "points", "", "", "P", 2, ""); }).description,
             "The table 'points' of '" + source_ + "' holds POINT geometries, not polygons.");
   EXPECT_EQ(CaptureError([&] { project_->ImportLayer(source_, "lakes", "", "", "L", 2, ""); }).description,
-            "The file '" + source_ + "' holds no table named 'lakes'.");
+            "The file '" + source_ +
+                "' holds no table named 'lakes'; its feature tables are 'nc.gpkg' and 'points'.");
   const std::string text = folder_.File("t.gpkg");
   WriteBytes(text, "hello");
   EXPECT_EQ(CaptureError([&] { project_->ImportLayer(text, "nc.gpkg", "", "", "L", 2, ""); }).description,

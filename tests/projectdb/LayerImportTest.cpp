@@ -33,7 +33,9 @@ TEST_F(LayerImportTest, CheckingRefusesAFieldTheSourceDoesNotHaveBeforeAnythingI
   LayerImport import(Counties("LABEL"));
   import.ReadSource();
   const RuntimeError error = CaptureError([&] { import.Check(); });
-  EXPECT_EQ(error.description, "The table 'nc.gpkg' of '" + source_ + "' has no field 'LABEL'.");
+  EXPECT_EQ(error.description,
+            "The table 'nc.gpkg' of '" + source_ +
+                "' has no field 'LABEL'; its fields are 'NAME', 'SHAPE', 'OBJECTID' and 'CODE'.");
 }
 
 TEST_F(LayerImportTest, WritingCopiesEveryFeatureInsideTheCallersTransaction) {
