@@ -13,6 +13,7 @@
 
 #include "zrsim-editor/HelpBrowser.h"
 #include "zrsim-editor/PersonalSettings.h"
+#include "zrsim-editor/PreviewBeside.h"
 #include "zrsim-editor/WarningsBar.h"
 #include "zrsimprp/control/PageTable.h"
 #include "zrsimprp/host/RuntimeError.h"
@@ -101,7 +102,8 @@ EditorWindow::EditorWindow(EditorDocument& document, QWidget* parent) : QDialog(
   connect(properties_, &zrsimprp::SIMPropertiesWidget::TabSwitched, this, &EditorWindow::AfterTabSwitch);
 
   auto* layout = new QVBoxLayout(this);
-  layout->addWidget(properties_, 1);
+  preview_ = new PreviewBeside(properties_, this);
+  layout->addWidget(preview_, 1);
   warnings_ = new WarningsBar(this);
   layout->addWidget(warnings_);
   layout->addWidget(buttons);

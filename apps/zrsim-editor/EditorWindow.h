@@ -14,6 +14,7 @@ class QPushButton;
 namespace zrsim_editor {
 
 class HelpBrowser;
+class PreviewBeside;
 class WarningsBar;
 
 // The host's properties form: the control and OK / Cancel / Apply / Reset / Help. OK and Apply
@@ -61,6 +62,7 @@ class EditorWindow : public QDialog {
   QSize DefaultSize() const;
 
   zrsimprp::SIMPropertiesWidget& Properties() { return *properties_; }
+  PreviewBeside& Preview() { return *preview_; }
   QPushButton* OkButton() const { return ok_; }
   QPushButton* ApplyButton() const { return apply_; }
   QPushButton* CancelButton() const { return cancel_; }
@@ -117,6 +119,7 @@ class EditorWindow : public QDialog {
 
   EditorDocument& document_;
   zrsimprp::SIMPropertiesWidget* properties_ = nullptr;
+  PreviewBeside* preview_ = nullptr;
   QPushButton* ok_ = nullptr;
   QPushButton* cancel_ = nullptr;
   QPushButton* apply_ = nullptr;

@@ -86,11 +86,24 @@ TEST(DetectionScales, HalfNormalIgnoresTheGreyedShape) {
   EXPECT_TRUE(DetectionScales::Read(inputs, 0).problem.empty());
 }
 
-TEST(DetectionScales, MissingLevelRowIsASentence) {
+TEST(DetectionScales, MissingCovariateRowCountsAsZeroAndSaysSo) {
   PreviewInputs inputs = CovariateTable();
   inputs.parameter_names[5] = "other";
+  const ColumnDetection west = DetectionScales::Read(inputs, 0);
+  ASSERT_TRUE(west.problem.empty()) << west.problem;
+  EXPECT_NEAR(west.functions[1].sigma(), std::exp(std::log(50.0) + 0.1 * 3 + 0.02 * 10), 1e-12);
+  ASSERT_EQ(west.notes.size(), 1u);
+  EXPECT_EQ(
+      west.notes[0],
+      "The detection table has no row 'female' yet (the Detectability tab adds it when it is shown), so its "
+      "coefficient is taken as 0.");
+}
+
+TEST(DetectionScales, MissingScaleRowIsASentence) {
+  PreviewInputs inputs = CovariateTable();
+  inputs.parameter_names[0] = "Scale?";
   EXPECT_EQ(DetectionScales::Read(inputs, 0).problem,
-            "The detection table has no row 'female' for 'West', so its detection curve cannot be drawn.");
+            "The detection table has no row 'Scale' for 'West', so its detection curve cannot be drawn.");
 }
 
 }  // namespace

@@ -52,6 +52,19 @@ class CellReader {
     return value;
   }
 
+  // A covariate term's coefficient: its row's value, or 0 with a note when the table has no such row
+  // yet (the control adds the covariate rows when the Detectability tab is shown).
+  std::optional<double> Term(const std::string& row_name, std::string& problem,
+                             std::vector<std::string>& notes) const {
+    for (const std::string& name : inputs_.parameter_names) {
+      if (TextEquals(name, row_name)) return Value(row_name, problem);
+    }
+    notes.push_back(
+        "The detection table has no row '" + row_name +
+        "' yet (the Detectability tab adds it when it is shown), so its coefficient is taken as 0.");
+    return 0.0;
+  }
+
   std::string Heading() const {
     return column_ < inputs_.detection_columns.size() ? inputs_.detection_columns[column_] : "Study Area";
   }
@@ -111,12 +124,12 @@ ColumnDetection DetectionScales::Read(const PreviewInputs& inputs, size_t column
   // logarithm taken and undone when no covariate moves the scale.
   double predictor = 0;
   if (inputs.clusters) {
-    const std::optional<double> beta = cells.Value("cluster size", result.problem);
+    const std::optional<double> beta = cells.Term("cluster size", result.problem, result.notes);
     if (!beta) return result;
     predictor += *beta * inputs.mean_cluster_size;
   }
   if (!inputs.continuous_cov.empty()) {
-    const std::optional<double> beta = cells.Value(inputs.continuous_cov, result.problem);
+    const std::optional<double> beta = cells.Term(inputs.continuous_cov, result.problem, result.notes);
     if (!beta) return result;
     predictor += *beta * inputs.mean_cov;
   }
@@ -126,7 +139,7 @@ ColumnDetection DetectionScales::Read(const PreviewInputs& inputs, size_t column
   for (const std::string& level : levels) {
     double level_predictor = predictor;
     if (by_level) {
-      const std::optional<double> beta = cells.Value(level, result.problem);
+      const std::optional<double> beta = cells.Term(level, result.problem, result.notes);
       if (!beta) return result;
       level_predictor += *beta;
     }

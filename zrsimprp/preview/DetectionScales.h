@@ -17,6 +17,8 @@ struct ColumnDetection {
   std::vector<DetectionFunction> functions;
   std::vector<double> weights;  // sum to 1
   std::string problem;
+  // Said of terms taken as 0 because the table has no row for them yet.
+  std::vector<std::string> notes;
 };
 
 // Combines the scale of one value column as the Detectability page's stratum-scale routine does: a

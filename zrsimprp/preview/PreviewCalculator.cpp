@@ -256,6 +256,11 @@ bool PreviewCalculator::ReadDetection(const PreviewInputs& inputs, Preview& prev
       }
       return false;
     }
+    for (const std::string& note : column.notes) {
+      if (std::find(preview.notes.begin(), preview.notes.end(), note) == preview.notes.end()) {
+        preview.notes.push_back(note);
+      }
+    }
     double average = 0;
     for (size_t i = 0; i < column.functions.size(); ++i) {
       average += column.weights[i] * cache.Of(column.functions[i], preview.truncation);

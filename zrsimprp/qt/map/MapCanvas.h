@@ -18,6 +18,7 @@ class MapCanvas : public QWidget {
   void ShowModel(std::shared_ptr<const MapModel> model);
   const std::shared_ptr<const MapModel>& Model() const { return painter_.Model(); }
   QSize sizeHint() const override;
+  const MapPainter& Painter() const { return painter_; }
 
  signals:
   // The status line for the pointer: its x, y and value, or "" off the map.
