@@ -93,6 +93,7 @@ TEST_F(PreviewPanelTest, DrawingShowsTheSurveyAndDrawAgainDrawsAnother) {
 TEST_F(PreviewPanelTest, AnEditKeepsTheSeedOfTheDrawnSurvey) {
   panel_->DrawAgain();
   const auto drawn = panel_->Survey();
+  EXPECT_TRUE(drawn->notes.empty());
   const int64_t recomputed = panel_->Recomputations();
   widget_->Control().pagPopulation.flxN.UserEditCell(1, 3, "351");
   ASSERT_TRUE(WaitForRecompute(recomputed));

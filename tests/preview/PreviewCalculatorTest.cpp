@@ -107,11 +107,13 @@ TEST(PreviewCalculator, CurvesRunFromTheLineToTheTruncationDistance) {
   ASSERT_EQ(preview.curves.size(), 1u);
   const DetectionCurve& curve = preview.curves[0];
   EXPECT_EQ(curve.label, "Study Area");
-  ASSERT_EQ(curve.x.size(), static_cast<size_t>(PreviewCalculator::kCurvePoints));
-  EXPECT_EQ(curve.x.front(), 0);
-  EXPECT_EQ(curve.x.back(), 50);
-  EXPECT_EQ(curve.g.front(), 1);
-  EXPECT_DOUBLE_EQ(curve.g.back(), std::exp(-50.0 * 50 / (2 * 20 * 20)));
+  const auto points = curve.Points(101);
+  ASSERT_EQ(points.size(), 101u);
+  EXPECT_EQ(points.front().first, 0);
+  EXPECT_EQ(points.back().first, 50);
+  EXPECT_EQ(points.front().second, 1);
+  EXPECT_DOUBLE_EQ(points[50].second, std::exp(-25.0 * 25 / (2 * 20 * 20)));
+  EXPECT_DOUBLE_EQ(points.back().second, std::exp(-50.0 * 50 / (2 * 20 * 20)));
 }
 
 TEST(PreviewCalculator, ParametersByStratumGiveEachStratumItsOwnScale) {

@@ -42,13 +42,13 @@ class CellReader {
     }
     const std::vector<std::string>& cells = inputs_.parameters[*row];
     const std::string text = column_ < cells.size() ? cells[column_] : std::string();
-    const std::string cell = "The " + inputs_.parameter_names[*row] + " for '" + Heading() + "'";
+    const auto cell = [&]() { return "The " + inputs_.parameter_names[*row] + " for '" + Heading() + "'"; };
     if (TrimBlanks(text).empty()) {
-      problem = cell + " is blank" + kCannotDraw;
+      problem = cell() + " is blank" + kCannotDraw;
       return std::nullopt;
     }
     const std::optional<double> value = NumberOf(text);
-    if (!value) problem = cell + " ('" + text + "') is not a number" + kCannotDraw;
+    if (!value) problem = cell() + " ('" + text + "') is not a number" + kCannotDraw;
     return value;
   }
 

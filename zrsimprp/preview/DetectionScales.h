@@ -16,6 +16,8 @@ struct ColumnDetection {
   std::vector<std::string> labels;
   std::vector<DetectionFunction> functions;
   std::vector<double> weights;  // sum to 1
+  // Each function's average detectability within the truncation distance, once the design gives it.
+  std::vector<double> averages;
   std::string problem;
   // Said of terms taken as 0 because the table has no row for them yet.
   std::vector<std::string> notes;

@@ -84,17 +84,32 @@ double PreviewCalculator::Area(const StratumGeometry& stratum) {
   return std::max(area, 0.0);
 }
 
-Preview PreviewCalculator::Compute(const PreviewInputs& inputs, const MapModel* previous) {
+Preview PreviewCalculator::Compute(const PreviewInputs& inputs, const MapModel* previous, bool with_surface) {
   Preview preview;
   preview.clusters = inputs.clusters;
   preview.mean_cluster_size = inputs.mean_cluster_size;
   const bool design = ReadDesign(inputs, preview);
-  if (design) ReadCurves(inputs, preview);
+  // Each value column is read once, for its curves and for the strata that use it.
+  std::vector<ColumnDetection> columns;
+  const size_t column_count = std::max<size_t>(inputs.detection_columns.size(), 1);
+  for (size_t c = 0; c < column_count; ++c) columns.push_back(DetectionScales::Read(inputs, c));
+  if (design) {
+    // Strata that share their parameters share the integral.
+    AverageCache cache;
+    for (ColumnDetection& column : columns) {
+      for (const DetectionFunction& function : column.functions) {
+        column.averages.push_back(cache.Of(function, preview.truncation));
+      }
+    }
+    ReadCurves(inputs, columns, preview);
+  }
   if (!design || !ReadStrata(inputs, preview)) return preview;
-  auto surface =
-      std::make_shared<MapModel>(DensityMapBuilder::Build(inputs.layers, inputs.density, previous));
-  preview.surface = surface;
-  if (!ReadPopulation(inputs, preview) || !ReadDetection(inputs, preview)) return preview;
+  if (with_surface || TextEquals(inputs.population_size, "Poisson N")) {
+    preview.surface =
+        std::make_shared<MapModel>(DensityMapBuilder::Build(inputs.layers, inputs.density, previous));
+  }
+  if (!ReadPopulation(inputs, preview) || !ReadDetection(inputs, columns, preview)) return preview;
+  preview.columns = std::move(columns);
   Sum(preview);
   return preview;
 }
@@ -124,11 +139,11 @@ bool PreviewCalculator::ReadDesign(const PreviewInputs& inputs, Preview& preview
   return true;
 }
 
-void PreviewCalculator::ReadCurves(const PreviewInputs& inputs, Preview& preview) {
-  const size_t columns = std::max<size_t>(inputs.detection_columns.size(), 1);
+void PreviewCalculator::ReadCurves(const PreviewInputs& inputs, const std::vector<ColumnDetection>& columns,
+                                   Preview& preview) {
   const double w = preview.truncation;
-  for (size_t c = 0; c < columns; ++c) {
-    const ColumnDetection column = DetectionScales::Read(inputs, c);
+  for (size_t c = 0; c < columns.size(); ++c) {
+    const ColumnDetection& column = columns[c];
     if (!column.problem.empty()) {
       DetectionCurve curve;
       curve.label = c < inputs.detection_columns.size() ? inputs.detection_columns[c] : "Study Area";
@@ -142,12 +157,9 @@ void PreviewCalculator::ReadCurves(const PreviewInputs& inputs, Preview& preview
       curve.label = column.labels[i];
       curve.sigma = function.sigma();
       curve.shape = function.shape();
-      curve.average_detectability = function.AverageDetectability(w);
-      for (int k = 0; k < kCurvePoints; ++k) {
-        const double x = w * k / (kCurvePoints - 1);
-        curve.x.push_back(x);
-        curve.g.push_back(function.At(x));
-      }
+      curve.average_detectability = column.averages[i];
+      curve.function = function;
+      curve.truncation = w;
       preview.curves.push_back(curve);
     }
   }
@@ -166,6 +178,7 @@ bool PreviewCalculator::ReadStrata(const PreviewInputs& inputs, Preview& preview
   }
   const double coverage = std::min(1.0, 2 * preview.truncation / preview.spacing);
   const std::vector<StratumGeometry>& strata = layers.region->strata;
+  preview.strata.reserve(strata.size());
   for (size_t s = 0; s < strata.size(); ++s) {
     StratumPreview stratum;
     const std::string& label = strata[s].label.empty() ? strata[s].id : strata[s].label;
@@ -235,15 +248,13 @@ bool PreviewCalculator::ReadPopulation(const PreviewInputs& inputs, Preview& pre
   return true;
 }
 
-bool PreviewCalculator::ReadDetection(const PreviewInputs& inputs, Preview& preview) {
+bool PreviewCalculator::ReadDetection(const PreviewInputs& inputs,
+                                      const std::vector<ColumnDetection>& columns, Preview& preview) {
   const bool by_stratum =
       inputs.detection_columns.size() > 1 && inputs.detection_columns.size() == preview.strata.size();
-  AverageCache cache;
-  std::optional<ColumnDetection> shared;
   for (size_t s = 0; s < preview.strata.size(); ++s) {
     StratumPreview& stratum = preview.strata[s];
-    if (!by_stratum && !shared) shared = DetectionScales::Read(inputs, 0);
-    const ColumnDetection column = by_stratum ? DetectionScales::Read(inputs, s) : *shared;
+    const ColumnDetection& column = columns[by_stratum ? s : 0];
     if (!column.problem.empty()) {
       preview.refusal = column.problem;
       // The curve's sentence reads as a reason for the expected numbers too.
@@ -263,10 +274,9 @@ bool PreviewCalculator::ReadDetection(const PreviewInputs& inputs, Preview& prev
     }
     double average = 0;
     for (size_t i = 0; i < column.functions.size(); ++i) {
-      average += column.weights[i] * cache.Of(column.functions[i], preview.truncation);
+      average += column.weights[i] * column.averages[i];
     }
-    stratum.functions = column.functions;
-    stratum.level_weights = column.weights;
+    stratum.column = by_stratum ? s : 0;
     stratum.average_detectability = average;
     stratum.expected_detections = stratum.animals * stratum.coverage * average;
     stratum.expected_individuals = inputs.clusters ? stratum.expected_detections * inputs.mean_cluster_size

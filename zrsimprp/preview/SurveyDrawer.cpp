@@ -146,15 +146,15 @@ uint64_t CountOf(const Preview& preview, double expected, PortableRandom& random
   return random.Poisson(expected);
 }
 
-size_t PickLevel(const StratumPreview& stratum, PortableRandom& random) {
-  if (stratum.functions.size() <= 1) return 0;
+size_t PickLevel(const ColumnDetection& column, PortableRandom& random) {
+  if (column.functions.size() <= 1) return 0;
   const double u = random.Uniform();
   double sum = 0;
-  for (size_t i = 0; i < stratum.level_weights.size(); ++i) {
-    sum += stratum.level_weights[i];
+  for (size_t i = 0; i < column.weights.size(); ++i) {
+    sum += column.weights[i];
     if (u < sum) return i;
   }
-  return stratum.functions.size() - 1;
+  return column.functions.size() - 1;
 }
 
 }  // namespace
@@ -259,18 +259,19 @@ DrawnSurvey SurveyDrawer::Draw(const Preview& preview, const LayerShapes& strata
   survey.animals.reserve(static_cast<size_t>(expected * 1.01) + 16);
   for (size_t s = 0; s < count; ++s) {
     const StratumPreview& stratum = preview.strata[s];
+    const ColumnDetection& column = preview.columns[stratum.column];
     const uint64_t animals = CountOf(preview, stratum.animals, random);
     for (uint64_t i = 0; i < animals; ++i) {
       DrawnAnimal animal;
       animal.stratum = static_cast<int32_t>(s);
       if (!placer.Place(s, random, animal.x, animal.y)) break;
-      const size_t level = PickLevel(stratum, random);
-      if (!stratum.functions.empty()) {
+      const size_t level = PickLevel(column, random);
+      if (!column.functions.empty()) {
         // The nearest line of the whole systematic grid, laid or not: a line just past the strata's
         // edge still sees the animals within w of it, as the expected numbers assume.
         const double nearest = std::round((animal.x - first) / spacing);
         const double distance = std::fabs(animal.x - (first + nearest * spacing));
-        if (distance <= w) animal.detected = random.Uniform() < stratum.functions[level].At(distance);
+        if (distance <= w) animal.detected = random.Uniform() < column.functions[level].At(distance);
       }
       survey.animals.push_back(animal);
       ++survey.animals_by_stratum[s];

@@ -13,6 +13,9 @@ namespace {
 const QColor kCurveColours[] = {QColor(0, 114, 178),   QColor(213, 94, 0),  QColor(0, 158, 115),
                                 QColor(204, 121, 167), QColor(230, 159, 0), QColor(86, 180, 233)};
 
+constexpr int kCurvePoints = 101;
+constexpr size_t kShownCurves = 8;
+
 }  // namespace
 
 DetectionCurvesView::DetectionCurvesView(QWidget* parent) : QWidget(parent) {
@@ -71,12 +74,15 @@ void DetectionCurvesView::paintEvent(QPaintEvent*) {
     size_t colour = 0;
     qreal label_y = plot.top() + 2;
     for (const DetectionCurve& curve : preview_->curves) {
-      if (!curve.Usable() || curve.x.empty()) continue;
+      if (!curve.Usable()) continue;
+      // Beyond a handful the curves are a blur: the first ones are drawn, the rest are in the table.
+      if (colour == kShownCurves) break;
       const QColor ink = kCurveColours[colour++ % std::size(kCurveColours)];
       QPainterPath path;
-      for (size_t i = 0; i < curve.x.size(); ++i) {
-        const QPointF at(plot.left() + plot.width() * curve.x[i] / preview_->truncation,
-                         plot.bottom() - plot.height() * curve.g[i]);
+      const auto points = curve.Points(kCurvePoints);
+      for (size_t i = 0; i < points.size(); ++i) {
+        const QPointF at(plot.left() + plot.width() * points[i].first / preview_->truncation,
+                         plot.bottom() - plot.height() * points[i].second);
         if (i == 0) {
           path.moveTo(at);
         } else {

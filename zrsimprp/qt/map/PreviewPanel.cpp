@@ -140,8 +140,10 @@ void PreviewPanel::RecomputeNow() {
   } else {
     inputs.design.missing = "There is no project, so there is no survey design to preview.";
   }
-  const MapModel* previous = preview_ ? preview_->surface.get() : nullptr;
-  preview_ = std::make_shared<const Preview>(PreviewCalculator::Compute(inputs, previous));
+  // The surface is evaluated only once a survey is to be drawn on it, on the grid of the last one.
+  preview_ =
+      std::make_shared<const Preview>(PreviewCalculator::Compute(inputs, last_surface_.get(), seed_ != 0));
+  if (preview_->surface) last_surface_ = preview_->surface;
   curves_->ShowPreview(preview_);
   map_->ShowModel(preview_->surface);
   if (seed_ != 0) DrawSurvey();
@@ -152,9 +154,9 @@ void PreviewPanel::RecomputeNow() {
 
 void PreviewPanel::DrawAgain() {
   ++seed_;
-  if (!preview_ || settle_.isActive())
+  if (!preview_ || !preview_->surface || settle_.isActive() || stale_) {
     RecomputeNow();  // draws with the new seed
-  else {
+  } else {
     DrawSurvey();
     ShowNumbers();
   }

@@ -72,6 +72,7 @@ class PreviewPanel : public QWidget {
   std::shared_ptr<ProjectDatabase> database_;
   std::shared_ptr<const MapLayers> layers_;
   std::shared_ptr<const Preview> preview_;
+  std::shared_ptr<const MapModel> last_surface_;
   std::shared_ptr<const DrawnSurvey> survey_;
   uint64_t seed_ = 0;   // 0: no survey drawn
   bool stale_ = false;  // an edit arrived while the panel was hidden
