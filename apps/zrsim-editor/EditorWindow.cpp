@@ -75,6 +75,8 @@ EditorWindow::EditorWindow(EditorDocument& document, QWidget* parent) : QDialog(
   save_as_ = buttons->addButton(tr("Save &As…"), QDialogButtonBox::ActionRole);
   reset_ = buttons->addButton(QDialogButtonBox::Reset);
   help_ = buttons->addButton(QDialogButtonBox::Help);
+  preview_ = new PreviewBeside(properties_, this);
+  buttons->addButton(preview_->Toggle(), QDialogButtonBox::ActionRole);
   ok_->setToolTip(tr("Save the simulation's options and close the window"));
   apply_->setToolTip(
       tr("Save the simulation's options and keep the window open; enabled when there are "
@@ -102,7 +104,6 @@ EditorWindow::EditorWindow(EditorDocument& document, QWidget* parent) : QDialog(
   connect(properties_, &zrsimprp::SIMPropertiesWidget::TabSwitched, this, &EditorWindow::AfterTabSwitch);
 
   auto* layout = new QVBoxLayout(this);
-  preview_ = new PreviewBeside(properties_, this);
   layout->addWidget(preview_, 1);
   warnings_ = new WarningsBar(this);
   layout->addWidget(warnings_);

@@ -2,7 +2,6 @@
 
 #include <QHBoxLayout>
 #include <QPushButton>
-#include <QVBoxLayout>
 
 #include "zrsimprp/qt/SIMPropertiesWidget.h"
 #include "zrsimprp/qt/map/PreviewPanel.h"
@@ -19,16 +18,13 @@ PreviewBeside::PreviewBeside(zrsimprp::SIMPropertiesWidget* properties, QWidget*
     : QWidget(parent),
       properties_(properties),
       toggle_(new QPushButton(tr("Pre&view ▸"), this)),
-      side_(new QVBoxLayout()) {
-  auto* layout = new QHBoxLayout(this);
-  layout->setContentsMargins(0, 0, 0, 0);
-  layout->addWidget(properties_, 1);
+      row_(new QHBoxLayout(this)) {
+  row_->setContentsMargins(0, 0, 0, 0);
+  row_->addWidget(properties_, 1);
   toggle_->setCheckable(true);
   toggle_->setToolTip(
       tr("Show what one repetition is expected to give: detection curves, expected detections and a drawn "
          "survey"));
-  side_->addWidget(toggle_, 0, Qt::AlignTop | Qt::AlignRight);
-  layout->addLayout(side_);
   connect(toggle_, &QPushButton::toggled, this, &PreviewBeside::SetPreviewShown);
 }
 
@@ -37,9 +33,15 @@ void PreviewBeside::SetPreviewShown(bool shown) {
   if (shown && panel_ == nullptr) {
     panel_ = new zrsimprp::PreviewPanel(properties_->Control(), this);
     panel_->setMinimumWidth(kPanelWidth);
-    side_->addWidget(panel_, 1);
+    panel_->hide();
+    row_->addWidget(panel_);
   }
-  if (panel_ != nullptr) panel_->setVisible(shown);
+  if (panel_ != nullptr && panel_->isHidden() == shown) {
+    QWidget* window = this->window();
+    const int change = shown ? kPanelWidth + row_->spacing() : -(panel_->width() + row_->spacing());
+    panel_->setVisible(shown);
+    if (window->isVisible()) window->resize(window->width() + change, window->height());
+  }
   toggle_->setText(shown ? tr("Pre&view ◂") : tr("Pre&view ▸"));
 }
 

@@ -3,7 +3,7 @@
 #include <QWidget>
 
 class QPushButton;
-class QVBoxLayout;
+class QHBoxLayout;
 
 namespace zrsimprp {
 class PreviewPanel;
@@ -12,9 +12,10 @@ class SIMPropertiesWidget;
 
 namespace zrsim_editor {
 
-// The pages with the preview beside them: a "Preview" button opens a panel to the right of the
-// tabs with what one repetition is expected to give, which follows every edit. The panel is made the
-// first time it is opened, so a window that never shows it never computes it.
+// The pages with the preview beside them: the "Preview" button (the window puts it among its own
+// buttons) opens a panel to the right of the tabs with what one repetition is expected to give,
+// which follows every edit; the window grows by the panel's width so that the pages keep theirs. The
+// panel is made the first time it is opened, so a window that never shows it never computes it.
 class PreviewBeside : public QWidget {
   Q_OBJECT
 
@@ -29,7 +30,7 @@ class PreviewBeside : public QWidget {
  private:
   zrsimprp::SIMPropertiesWidget* properties_;
   QPushButton* toggle_;
-  QVBoxLayout* side_;
+  QHBoxLayout* row_;
   zrsimprp::PreviewPanel* panel_ = nullptr;
 };
 

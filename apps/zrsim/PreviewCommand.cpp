@@ -166,8 +166,9 @@ void PreviewCommand::WriteText(const zrsimprp::Preview& preview,
     text << ", average detectability " << Number(curve.average_detectability) << "\n";
   }
   text << "\n"
-       << Padded("Stratum", 16) << Padded("ID", 6) << Padded(preview.clusters ? "Clusters" : "Animals", 11)
-       << Padded("Coverage", 10) << Padded("P_a", 8) << "Expected detections\n";
+       << Padded("Stratum", 16) << Padded("ID", 6)
+       << Padded(preview.clusters ? "N clusters" : "N animals", 11) << Padded("Coverage", 10)
+       << Padded("P_a", 8) << "Expected detections\n";
   for (const zrsimprp::StratumPreview& stratum : preview.strata) {
     text << Padded(stratum.name, 16) << Padded(stratum.id, 6) << Padded(Number(stratum.animals), 11)
          << Padded(Number(stratum.coverage), 10) << Padded(Number(stratum.average_detectability), 8)

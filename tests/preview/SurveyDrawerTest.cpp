@@ -178,5 +178,27 @@ TEST(SurveyDrawer, NothingIsDrawnForAPreviewThatIsRefused) {
   EXPECT_TRUE(survey.animals.empty());
 }
 
+TEST(SurveyDrawer, ASpacingTooSmallForASurveyIsRefused) {
+  PreviewInputs inputs = preview_test::HolesAndPartsInputs();
+  inputs.design.spacing = "0.001";
+  const Preview preview = PreviewCalculator::Compute(inputs);
+  ASSERT_TRUE(preview.Usable()) << preview.refusal;
+  const DrawnSurvey survey = SurveyDrawer::Draw(preview, *inputs.layers.region, 1);
+  EXPECT_EQ(
+      survey.refusal,
+      "The spacing 0.001 lays 2.4e+06 lines across the strata, more than the 1e+05 a drawn survey lays, so "
+      "no survey is drawn.");
+}
+
+TEST(SurveyDrawer, APopulationTooLargeToDrawIsRefused) {
+  PreviewInputs inputs = preview_test::HolesAndPartsInputs();
+  inputs.population_values = {"3e7", "1"};
+  const Preview preview = PreviewCalculator::Compute(inputs);
+  const DrawnSurvey survey = SurveyDrawer::Draw(preview, *inputs.layers.region, 1);
+  EXPECT_EQ(
+      survey.refusal,
+      "The population of 3e+07 animals is more than the 2e+07 a drawn survey places, so no survey is drawn.");
+}
+
 }  // namespace
 }  // namespace zrsimprp

@@ -27,7 +27,10 @@ double Adaptive(const F& f, double a, double fa, double b, double fb, double m, 
   const double left = Simpson(a, fa, m, fm, flm);
   const double right = Simpson(m, fm, b, fb, frm);
   const double difference = left + right - whole;
-  if (depth <= 0 || std::fabs(difference) <= 15 * tolerance) return left + right + difference / 15;
+  // A value that is not a number can never meet the tolerance: it ends the refinement at once.
+  if (depth <= 0 || !std::isfinite(difference) || std::fabs(difference) <= 15 * tolerance) {
+    return left + right + difference / 15;
+  }
   return Adaptive(f, a, fa, m, fm, lm, flm, left, tolerance / 2, depth - 1) +
          Adaptive(f, m, fm, b, fb, rm, frm, right, tolerance / 2, depth - 1);
 }
@@ -72,7 +75,7 @@ double DetectionFunction::HazardIntegral(double w) const {
     const double fa = g(a);
     const double fb = g(b);
     const double fm = g(m);
-    sum += Adaptive(g, a, fa, b, fb, m, fm, Simpson(a, fa, b, fb, fm), 1e-13 * w / kPanels, 40);
+    sum += Adaptive(g, a, fa, b, fb, m, fm, Simpson(a, fa, b, fb, fm), 1e-13 * w / kPanels, 30);
   }
   return sum;
 }

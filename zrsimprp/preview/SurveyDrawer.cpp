@@ -179,6 +179,7 @@ std::vector<SurveyLine> SurveyDrawer::ClipLines(const LayerShapes& strata, doubl
   std::vector<SurveyLine> lines;
   if (!(spacing > 0) || first > last) return lines;
   const double count = std::floor((last - first) / spacing) + 1;
+  if (!(count <= SurveyDrawer::kMaxLines + 1)) return lines;
   const int64_t lines_across = static_cast<int64_t>(count);
   std::vector<std::pair<int64_t, double>> crossings;
   for (size_t s = 0; s < strata.strata.size(); ++s) {
@@ -230,15 +231,23 @@ DrawnSurvey SurveyDrawer::Draw(const Preview& preview, const LayerShapes& strata
   const size_t count = std::min(strata.strata.size(), preview.strata.size());
   double expected = 0;
   for (size_t s = 0; s < count; ++s) expected += preview.strata[s].animals;
-  if (expected > kMaxAnimals) {
-    survey.refusal = "The population of " + MapNumber::Text(expected, 3) + " is more than the " +
+  if (!(expected <= kMaxAnimals)) {
+    survey.refusal = "The population of " + MapNumber::Text(expected, 3) +
+                     (preview.clusters ? " clusters" : " animals") + " is more than the " +
                      MapNumber::Text(kMaxAnimals, 3) + " a drawn survey places, so no survey is drawn.";
     return survey;
   }
   MapExtent extent;
   for (const StratumGeometry& stratum : strata.strata) extent.Include(ExtentOf(stratum));
-  PortableRandom random(seed);
   const double spacing = preview.spacing;
+  const double lines_across = extent.Width() / spacing;
+  if (!(lines_across <= kMaxLines)) {
+    survey.refusal = "The spacing " + MapNumber::Text(spacing) + " lays " + MapNumber::Text(lines_across, 3) +
+                     " lines across the strata, more than the " + MapNumber::Text(kMaxLines, 3) +
+                     " a drawn survey lays, so no survey is drawn.";
+    return survey;
+  }
+  PortableRandom random(seed);
   const double first = extent.min_x + random.Uniform() * spacing;
   survey.lines = ClipLines(strata, first, extent.max_x, spacing);
   for (const SurveyLine& line : survey.lines) survey.line_length += line.y1 - line.y0;

@@ -24,6 +24,8 @@ class SurveyDrawer {
  public:
   // More animals than this are not drawn: a survey of that size says nothing a smaller one does not.
   static constexpr double kMaxAnimals = 20'000'000;
+  // Nor more lines than this across the strata: a spacing that small is no survey design.
+  static constexpr double kMaxLines = 100'000;
 
   static DrawnSurvey Draw(const Preview& preview, const LayerShapes& strata, uint64_t seed);
 

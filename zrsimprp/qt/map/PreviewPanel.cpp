@@ -187,8 +187,8 @@ void PreviewPanel::ShowNumbers() {
   QString html = QStringLiteral(
                      "<table cellspacing='4'><tr><th align='left'>%1</th><th>%2</th><th>%3</th>"
                      "<th>P_a</th><th>%4</th>")
-                     .arg(tr("Stratum"), preview_->clusters ? tr("Clusters") : tr("Animals"), tr("Coverage"),
-                          tr("Expected"));
+                     .arg(tr("Stratum"), preview_->clusters ? tr("N clusters") : tr("N animals"),
+                          tr("Coverage"), tr("Expected"));
   if (drawn) html += QStringLiteral("<th>%1</th>").arg(tr("Drawn"));
   html += QStringLiteral("</tr>");
   for (size_t s = 0; s < preview_->strata.size(); ++s) {
