@@ -3,6 +3,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
+#include <exception>
 
 #include "zrsimprp/control/SIMProperties.h"
 #include "zrsimprp/host/Conversions.h"
@@ -131,18 +132,25 @@ void PreviewPanel::RefreshLayers() {
 void PreviewPanel::RecomputeNow() {
   settle_.stop();
   stale_ = false;
-  RefreshLayers();
-  PreviewInputs inputs = PreviewInputsReader::FromPages(control_);
-  inputs.layers = *layers_;
-  if (database_) {
-    inputs.design = PreviewInputsReader::DesignOf(*database_, control_.pagSimulation.TransectObjectType(),
-                                                  control_.pagSimulation.TransectObjectID());
-  } else {
-    inputs.design.missing = "There is no project, so there is no survey design to preview.";
+  try {
+    RefreshLayers();
+    PreviewInputs inputs = PreviewInputsReader::FromPages(control_);
+    inputs.layers = *layers_;
+    if (database_) {
+      inputs.design = PreviewInputsReader::DesignOf(*database_, control_.pagSimulation.TransectObjectType(),
+                                                    control_.pagSimulation.TransectObjectID());
+    } else {
+      inputs.design.missing = "There is no project, so there is no survey design to preview.";
+    }
+    // The surface is evaluated only once a survey is to be drawn on it, on the grid of the last one.
+    preview_ =
+        std::make_shared<const Preview>(PreviewCalculator::Compute(inputs, last_surface_.get(), seed_ != 0));
+  } catch (const std::exception& error) {
+    // A page read while it is being rebuilt: the preview says so and waits for the next edit.
+    auto failed = std::make_shared<Preview>();
+    failed->refusal = std::string("The preview could not be worked out: ") + error.what();
+    preview_ = failed;
   }
-  // The surface is evaluated only once a survey is to be drawn on it, on the grid of the last one.
-  preview_ =
-      std::make_shared<const Preview>(PreviewCalculator::Compute(inputs, last_surface_.get(), seed_ != 0));
   if (preview_->surface) last_surface_ = preview_->surface;
   curves_->ShowPreview(preview_);
   map_->ShowModel(preview_->surface);
@@ -164,7 +172,7 @@ void PreviewPanel::DrawAgain() {
 }
 
 void PreviewPanel::DrawSurvey() {
-  if (!preview_->Usable() || !layers_->region) {
+  if (!preview_->Usable() || !layers_ || !layers_->region) {
     survey_ = std::make_shared<const DrawnSurvey>();
   } else {
     survey_ = std::make_shared<const DrawnSurvey>(SurveyDrawer::Draw(*preview_, *layers_->region, seed_));
@@ -206,6 +214,9 @@ void PreviewPanel::ShowNumbers() {
   if (preview_->clusters) html += tr(" clusters, %1 individuals").arg(Number(preview_->expected_individuals));
   if (drawn) html += tr("; drawn survey (seed %1): %2").arg(seed_).arg(survey_->total_detections);
   html += QStringLiteral("<br>") + tr("CV guide √(3/n): %1").arg(Number(preview_->cv_guide));
+  if (survey_ && seed_ != 0 && !survey_->refusal.empty()) {
+    html += QStringLiteral("<br>") + Escaped(survey_->refusal);
+  }
   if (!preview_->warning.empty()) {
     html += QStringLiteral("<br><span style='color:#c0392b'>%1</span>").arg(Escaped(preview_->warning));
   }
