@@ -175,7 +175,10 @@ void PreviewCommand::WriteText(const zrsimprp::Preview& preview,
          << Number(stratum.expected_detections) << "\n";
   }
   text << "\nExpected detections per repetition: " << Number(preview.expected_detections);
-  if (preview.clusters) text << " clusters, " << Number(preview.expected_individuals) << " individuals";
+  if (preview.clusters) text << " clusters";
+  if (preview.clusters && std::isfinite(preview.expected_individuals)) {
+    text << ", " << Number(preview.expected_individuals) << " individuals";
+  }
   text << "\nCV guide sqrt(3/n): " << Number(preview.cv_guide) << "\n";
   if (!preview.warning.empty()) text << "Warning: " << preview.warning << "\n";
   for (const std::string& note : preview.notes) text << "Note: " << note << "\n";

@@ -93,6 +93,19 @@ TEST(PreviewCalculator, ClustersGiveIndividualsAsDetectionsTimesMeanSize) {
             "The clusters per stratum are the fixed N typed on the Population page.");
 }
 
+TEST(PreviewCalculator, ClustersWithoutAMeanSizeYetLeaveTheIndividualsUnknown) {
+  PreviewInputs inputs = preview_test::HolesAndPartsInputs();
+  inputs.clusters = true;
+  inputs.mean_cluster_size = 0;
+  const Preview preview = PreviewCalculator::Compute(inputs);
+  ASSERT_TRUE(preview.Usable()) << preview.refusal;
+  EXPECT_GT(preview.expected_detections, 0);
+  EXPECT_TRUE(std::isnan(preview.expected_individuals));
+  EXPECT_EQ(preview.notes.back(),
+            "Detections are of clusters; the mean cluster size is known once the Population tab's values are "
+            "checked (on leaving it), so the expected individuals are not worked out yet.");
+}
+
 TEST(PreviewCalculator, FewDetectionsGiveTheWarning) {
   PreviewInputs inputs = preview_test::HolesAndPartsInputs();
   inputs.population_values = {"30", "20"};

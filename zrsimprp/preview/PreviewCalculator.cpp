@@ -279,8 +279,11 @@ bool PreviewCalculator::ReadDetection(const PreviewInputs& inputs,
     stratum.column = by_stratum ? s : 0;
     stratum.average_detectability = average;
     stratum.expected_detections = stratum.animals * stratum.coverage * average;
-    stratum.expected_individuals = inputs.clusters ? stratum.expected_detections * inputs.mean_cluster_size
-                                                   : stratum.expected_detections;
+    // With clusters but no mean cluster size yet, the individuals are not known (NaN, JSON null).
+    const double per_detection = !inputs.clusters               ? 1.0
+                                 : inputs.mean_cluster_size > 0 ? inputs.mean_cluster_size
+                                                                : std::numeric_limits<double>::quiet_NaN();
+    stratum.expected_individuals = stratum.expected_detections * per_detection;
   }
   return true;
 }
@@ -297,7 +300,12 @@ void PreviewCalculator::Sum(Preview& preview) {
                       " detections are expected in a repetition: fewer than 60, too few to fit a detection "
                       "function reliably (60 to 80 is the usual minimum).";
   }
-  if (preview.clusters) {
+  if (preview.clusters && !(preview.mean_cluster_size > 0)) {
+    // The mean is handed over from the Population tab when a person leaves it (its values checked).
+    preview.notes.push_back(
+        "Detections are of clusters; the mean cluster size is known once the Population tab's values are "
+        "checked (on leaving it), so the expected individuals are not worked out yet.");
+  } else if (preview.clusters) {
     preview.notes.push_back(
         "Detections are of clusters; the expected individuals are the clusters detected "
         "times the mean cluster size " +

@@ -3,6 +3,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
+#include <cmath>
 #include <exception>
 
 #include "zrsimprp/control/SIMProperties.h"
@@ -211,7 +212,10 @@ void PreviewPanel::ShowNumbers() {
   }
   html += QStringLiteral("</table>");
   html += tr("Expected detections per repetition: <b>%1</b>").arg(Number(preview_->expected_detections));
-  if (preview_->clusters) html += tr(" clusters, %1 individuals").arg(Number(preview_->expected_individuals));
+  if (preview_->clusters) html += tr(" clusters");
+  if (preview_->clusters && std::isfinite(preview_->expected_individuals)) {
+    html += tr(", %1 individuals").arg(Number(preview_->expected_individuals));
+  }
   if (drawn) html += tr("; drawn survey (seed %1): %2").arg(seed_).arg(survey_->total_detections);
   html += QStringLiteral("<br>") + tr("CV guide √(3/n): %1").arg(Number(preview_->cv_guide));
   if (survey_ && seed_ != 0 && !survey_->refusal.empty()) {
