@@ -4,7 +4,10 @@
 #include <QPushButton>
 
 #include "zrsimprp/qt/SIMPropertiesWidget.h"
+#include "zrsimprp/qt/map/DensityMapPanel.h"
+#include "zrsimprp/qt/map/MapCanvas.h"
 #include "zrsimprp/qt/map/PreviewPanel.h"
+#include "zrsimprp/qt/map/SurveyOverlay.h"
 
 namespace zrsim_editor {
 
@@ -35,6 +38,7 @@ void PreviewBeside::SetPreviewShown(bool shown) {
     panel_->setMinimumWidth(kPanelWidth);
     panel_->hide();
     row_->addWidget(panel_);
+    connect(panel_, &zrsimprp::PreviewPanel::SurveyChanged, this, &PreviewBeside::ShowOnDensityMap);
   }
   if (panel_ != nullptr && panel_->isHidden() == shown) {
     QWidget* window = this->window();
@@ -43,6 +47,18 @@ void PreviewBeside::SetPreviewShown(bool shown) {
     if (window->isVisible()) window->resize(window->width() + change, window->height());
   }
   toggle_->setText(shown ? tr("Pre&view ◂") : tr("Pre&view ▸"));
+  // A closed preview leaves the Density tab's map as it was.
+  ShowOnDensityMap(shown && panel_ != nullptr ? panel_->Survey() : nullptr);
+}
+
+void PreviewBeside::ShowOnDensityMap(std::shared_ptr<const zrsimprp::DrawnSurvey> survey) {
+  zrsimprp::MapCanvas* canvas = DensityMapCanvas();
+  if (canvas != nullptr) zrsimprp::SurveyOverlay::ShowOn(*canvas, std::move(survey));
+}
+
+zrsimprp::MapCanvas* PreviewBeside::DensityMapCanvas() const {
+  auto* density_map = properties_->findChild<zrsimprp::DensityMapPanel*>();
+  return density_map != nullptr ? density_map->findChild<zrsimprp::MapCanvas*>() : nullptr;
 }
 
 }  // namespace zrsim_editor

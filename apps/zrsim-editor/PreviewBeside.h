@@ -1,11 +1,15 @@
 #pragma once
 
 #include <QWidget>
+#include <memory>
+
+#include "zrsimprp/preview/DrawnSurvey.h"
 
 class QPushButton;
 class QHBoxLayout;
 
 namespace zrsimprp {
+class MapCanvas;
 class PreviewPanel;
 class SIMPropertiesWidget;
 }  // namespace zrsimprp
@@ -26,8 +30,13 @@ class PreviewBeside : public QWidget {
   QPushButton* Toggle() const { return toggle_; }
   // Null until the preview was first shown.
   zrsimprp::PreviewPanel* Panel() const { return panel_; }
+  // The Density tab's map, which shows the drawn survey too; null when the widget has none.
+  zrsimprp::MapCanvas* DensityMapCanvas() const;
 
  private:
+  // Puts the drawn survey over the Density tab's map as well (null takes it away).
+  void ShowOnDensityMap(std::shared_ptr<const zrsimprp::DrawnSurvey> survey);
+
   zrsimprp::SIMPropertiesWidget* properties_;
   QPushButton* toggle_;
   QHBoxLayout* row_;

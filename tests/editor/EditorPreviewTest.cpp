@@ -4,6 +4,7 @@
 
 #include "EditorFixture.h"
 #include "zrsim-editor/PreviewBeside.h"
+#include "zrsimprp/qt/map/MapCanvas.h"
 #include "zrsimprp/qt/map/PreviewPanel.h"
 
 namespace {
@@ -37,6 +38,18 @@ TEST_F(EditorPreviewTest, LookingAtThePreviewLeavesTheDefinitionUnchanged) {
   window_->Preview().Panel()->RecomputeNow();
   window_->Preview().Panel()->DrawAgain();
   EXPECT_FALSE(window_->IsModified());
+}
+
+TEST_F(EditorPreviewTest, TheDrawnSurveyIsShownOnTheDensityMapUntilThePreviewCloses) {
+  OpenWindow();
+  zrsim_editor::PreviewBeside& preview = window_->Preview();
+  ASSERT_NE(preview.DensityMapCanvas(), nullptr);
+  preview.SetPreviewShown(true);
+  EXPECT_FALSE(preview.DensityMapCanvas()->HasOverlay());
+  preview.Panel()->DrawButton()->click();
+  EXPECT_TRUE(preview.DensityMapCanvas()->HasOverlay());
+  preview.SetPreviewShown(false);
+  EXPECT_FALSE(preview.DensityMapCanvas()->HasOverlay());
 }
 
 }  // namespace

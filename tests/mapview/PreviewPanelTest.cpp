@@ -8,8 +8,8 @@
 #include "tests/mapview/MapViewFixture.h"
 #include "zrsimprp/control/SIMProperties.h"
 #include "zrsimprp/qt/SIMPropertiesWidget.h"
+#include "zrsimprp/qt/map/MapCanvas.h"
 #include "zrsimprp/qt/map/PreviewPanel.h"
-#include "zrsimprp/qt/map/SurveyMapCanvas.h"
 
 namespace zrsimprp {
 namespace {
@@ -53,7 +53,7 @@ TEST_F(PreviewPanelTest, ShowsTheExpectedDetectionsOfTheSample) {
   EXPECT_TRUE(panel_->SummaryText().contains("Expected detections per repetition"))
       << panel_->SummaryText().toStdString();
   EXPECT_TRUE(panel_->SummaryText().contains("CV guide"));
-  EXPECT_FALSE(panel_->findChild<SurveyMapCanvas*>()->isVisible());
+  EXPECT_FALSE(panel_->SurveyMap()->isVisible());
 }
 
 TEST_F(PreviewPanelTest, FollowsAnEditOfThePopulation) {
@@ -82,7 +82,7 @@ TEST_F(PreviewPanelTest, DrawingShowsTheSurveyAndDrawAgainDrawsAnother) {
   ASSERT_TRUE(first);
   EXPECT_EQ(first->seed, 1u);
   EXPECT_EQ(first->total_animals, 1000u);
-  EXPECT_TRUE(panel_->findChild<SurveyMapCanvas*>()->isVisible());
+  EXPECT_TRUE(panel_->SurveyMap()->isVisible());
   EXPECT_EQ(panel_->DrawButton()->text(), "Draw &again");
   EXPECT_TRUE(panel_->SummaryText().contains("drawn survey (seed 1)"));
   panel_->DrawButton()->click();

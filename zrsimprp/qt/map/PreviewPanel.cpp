@@ -14,7 +14,8 @@
 #include "zrsimprp/preview/PreviewInputsReader.h"
 #include "zrsimprp/preview/SurveyDrawer.h"
 #include "zrsimprp/qt/map/DetectionCurvesView.h"
-#include "zrsimprp/qt/map/SurveyMapCanvas.h"
+#include "zrsimprp/qt/map/MapCanvas.h"
+#include "zrsimprp/qt/map/SurveyOverlay.h"
 
 namespace zrsimprp {
 
@@ -32,7 +33,7 @@ PreviewPanel::PreviewPanel(SIMProperties& control, QWidget* parent)
       curves_(new DetectionCurvesView(this)),
       summary_(new QLabel(this)),
       draw_(new QPushButton(tr("&Draw a survey"), this)),
-      map_(new SurveyMapCanvas(this)) {
+      map_(new MapCanvas(QSize(240, 180), this)) {
   setObjectName(QStringLiteral("PreviewPanel"));
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
@@ -48,6 +49,7 @@ PreviewPanel::PreviewPanel(SIMProperties& control, QWidget* parent)
       tr("Draw one survey at random: animals placed by the density surface, the design's lines, "
          "and the animals seen"));
   layout->addWidget(draw_);
+  map_->setAccessibleName(QStringLiteral("Drawn survey"));
   map_->hide();
   layout->addWidget(map_, 2);
   connect(draw_, &QPushButton::clicked, this, &PreviewPanel::DrawAgain);
@@ -178,8 +180,10 @@ void PreviewPanel::DrawSurvey() {
   } else {
     survey_ = std::make_shared<const DrawnSurvey>(SurveyDrawer::Draw(*preview_, *layers_->region, seed_));
   }
-  map_->ShowSurvey(survey_);
-  map_->setVisible(survey_->refusal.empty() && preview_->Usable());
+  const bool shown = survey_->refusal.empty() && preview_->Usable();
+  SurveyOverlay::ShowOn(*map_, survey_);
+  map_->setVisible(shown);
+  emit SurveyChanged(shown ? survey_ : nullptr);
 }
 
 QString PreviewPanel::SummaryText() const { return summary_->text(); }

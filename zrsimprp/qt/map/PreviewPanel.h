@@ -20,7 +20,7 @@ class Control;
 class DetectionCurvesView;
 class ProjectDatabase;
 class SIMProperties;
-class SurveyMapCanvas;
+class MapCanvas;
 
 // What the simulation will give before it runs, beside the pages: the detection curves, the expected
 // detections per stratum and in total with the CV guide and the warning below 60, and on request
@@ -47,10 +47,14 @@ class PreviewPanel : public QWidget {
   const std::shared_ptr<const DrawnSurvey>& Survey() const { return survey_; }
   QString SummaryText() const;
   QPushButton* DrawButton() const { return draw_; }
+  // The panel's own map of the density surface, with the drawn survey over it.
+  MapCanvas* SurveyMap() const { return map_; }
   int64_t Recomputations() const { return recomputations_; }
 
  signals:
   void Recomputed();
+  // A survey was drawn (again, or after an edit); null when none is shown.
+  void SurveyChanged(std::shared_ptr<const DrawnSurvey> survey);
 
  protected:
   void showEvent(QShowEvent* event) override;
@@ -68,7 +72,7 @@ class PreviewPanel : public QWidget {
   DetectionCurvesView* curves_;
   QLabel* summary_;
   QPushButton* draw_;
-  SurveyMapCanvas* map_;
+  MapCanvas* map_;
   std::shared_ptr<ProjectDatabase> database_;
   std::shared_ptr<const MapLayers> layers_;
   std::shared_ptr<const Preview> preview_;
