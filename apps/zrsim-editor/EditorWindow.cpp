@@ -15,6 +15,7 @@
 #include "zrsim-editor/HelpBrowser.h"
 #include "zrsim-editor/LiveLint.h"
 #include "zrsim-editor/PersonalSettings.h"
+#include "zrsim-editor/PreviewBeside.h"
 #include "zrsim-editor/RememberedView.h"
 #include "zrsim-editor/WarningsBar.h"
 #include "zrsimprp/control/PageTable.h"
@@ -80,6 +81,8 @@ EditorWindow::EditorWindow(EditorDocument& document, QWidget* parent) : QDialog(
   save_as_ = buttons->addButton(tr("Save &As…"), QDialogButtonBox::ActionRole);
   reset_ = buttons->addButton(QDialogButtonBox::Reset);
   help_ = buttons->addButton(QDialogButtonBox::Help);
+  preview_ = new PreviewBeside(properties_, this);
+  buttons->addButton(preview_->Toggle(), QDialogButtonBox::ActionRole);
   ok_->setToolTip(tr("Save the simulation's options and close the window"));
   apply_->setToolTip(
       tr("Save the simulation's options and keep the window open; enabled when there are "
@@ -107,7 +110,7 @@ EditorWindow::EditorWindow(EditorDocument& document, QWidget* parent) : QDialog(
   connect(properties_, &zrsimprp::SIMPropertiesWidget::TabSwitched, this, &EditorWindow::AfterTabSwitch);
 
   auto* layout = new QVBoxLayout(this);
-  layout->addWidget(properties_, 1);
+  layout->addWidget(preview_, 1);
   warnings_ = new WarningsBar(this);
   layout->addWidget(warnings_);
   lint_ = new LiveLint([this] { return QuietDefinition(); }, this);

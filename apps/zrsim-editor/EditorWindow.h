@@ -15,6 +15,7 @@ namespace zrsim_editor {
 
 class HelpBrowser;
 class LiveLint;
+class PreviewBeside;
 class WarningsBar;
 
 // The host's properties form: the control and OK / Cancel / Apply / Reset / Help. OK and Apply
@@ -62,6 +63,7 @@ class EditorWindow : public QDialog {
   QSize DefaultSize() const;
 
   zrsimprp::SIMPropertiesWidget& Properties() { return *properties_; }
+  PreviewBeside& Preview() { return *preview_; }
   QPushButton* OkButton() const { return ok_; }
   QPushButton* ApplyButton() const { return apply_; }
   QPushButton* CancelButton() const { return cancel_; }
@@ -125,6 +127,7 @@ class EditorWindow : public QDialog {
 
   EditorDocument& document_;
   zrsimprp::SIMPropertiesWidget* properties_ = nullptr;
+  PreviewBeside* preview_ = nullptr;
   QPushButton* ok_ = nullptr;
   QPushButton* cancel_ = nullptr;
   QPushButton* apply_ = nullptr;

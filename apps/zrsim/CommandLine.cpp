@@ -7,6 +7,7 @@
 #include "zrsim/ExitStatus.h"
 #include "zrsim/InputFiles.h"
 #include "zrsim/MapLauncher.h"
+#include "zrsim/PreviewCommand.h"
 #include "zrsim/ProjectTool.h"
 #include "zrsim/SimulationCommands.h"
 #include "zrsim/UsageError.h"
@@ -27,6 +28,7 @@ std::string CommandLine::Usage() {
          "  normalize  print the definition the control writes back\n"
          "  show       print a readable summary of every page's values\n"
          "  map        draw a simulation's strata and density surface into a PNG file\n"
+         "  preview    expected detections of a simulation before it runs, and one drawn survey\n"
          "  project    create the sample project, list a project, add layers, designs, surveys,\n"
          "             data filters, model definitions and simulations\n"
          "\n"
@@ -68,6 +70,7 @@ int CommandLine::Dispatch(const std::vector<std::string>& words) {
   if (command == "map") return MapLauncher(err_).Run(rest);
   InputFiles files(in_);
   if (command == "project") return ProjectTool(out_, files).Run(rest);
+  if (command == "preview") return PreviewCommand(out_, err_, files).Run(rest);
   if (command != "check" && command != "normalize" && command != "show") {
     throw UsageError("zrsim: unknown command '" + command + "'\n" + Usage());
   }

@@ -22,9 +22,16 @@ void MapCanvas::ShowModel(std::shared_ptr<const MapModel> model) {
   update();
 }
 
+void MapCanvas::SetOverlay(Overlay overlay) {
+  overlay_ = std::move(overlay);
+  update();
+}
+
 void MapCanvas::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter_.Paint(painter, rect(), palette());
+  QTransform to_widget;
+  if (overlay_ && painter_.ToWidget(to_widget)) overlay_(painter, to_widget);
 }
 
 void MapCanvas::mouseMoveEvent(QMouseEvent* event) {

@@ -2,6 +2,7 @@
 
 #include <QString>
 #include <QWidget>
+#include <functional>
 #include <memory>
 
 #include "zrsimprp/qt/map/MapPainter.h"
@@ -18,6 +19,10 @@ class MapCanvas : public QWidget {
   void ShowModel(std::shared_ptr<const MapModel> model);
   const std::shared_ptr<const MapModel>& Model() const { return painter_.Model(); }
   QSize sizeHint() const override;
+  // Drawn over the map, in map coordinates through `to_widget` (a drawn survey); empty for nothing.
+  using Overlay = std::function<void(QPainter& painter, const QTransform& to_widget)>;
+  void SetOverlay(Overlay overlay);
+  bool HasOverlay() const { return static_cast<bool>(overlay_); }
 
  signals:
   // The status line for the pointer: its x, y and value, or "" off the map.
@@ -30,6 +35,7 @@ class MapCanvas : public QWidget {
 
  private:
   MapPainter painter_;
+  Overlay overlay_;
   QSize minimum_;
 };
 

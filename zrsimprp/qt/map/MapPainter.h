@@ -32,6 +32,11 @@ class MapPainter {
   void Paint(QPainter& painter, const QRectF& whole, const QPalette& palette);
   // The map point under a widget point of the last Paint, or false off the map.
   bool MapPointAt(const QPointF& at, MapPoint& point) const;
+  // Map coordinates to widget coordinates as the last Paint placed the map; false when none was drawn.
+  bool ToWidget(QTransform& transform) const {
+    transform = to_widget_;
+    return painted_map_;
+  }
 
  private:
   void PaintSurface(QPainter& painter);
