@@ -14,11 +14,6 @@ namespace zrsim_editor {
 
 namespace {
 
-std::string Describe(const std::exception& error) {
-  if (const auto* runtime = dynamic_cast<const zrsimprp::RuntimeError*>(&error)) return runtime->description;
-  return error.what();
-}
-
 bool IsBlank(const std::string& text) { return text.find_first_not_of(" \t\r\n") == std::string::npos; }
 
 }  // namespace
@@ -37,7 +32,7 @@ std::unique_ptr<EditorDocument> EditorDocument::Open(const std::string& project_
     options.read_only = read_only;
     project = zrsimprp::GeoPackageProject::Open(project_path, options);
   } catch (const std::exception& error) {
-    throw EditorError("Cannot open the project '" + project_path + "': " + Describe(error));
+    throw EditorError("Cannot open the project '" + project_path + "': " + ErrorText(error));
   }
   std::string chosen;
   std::string definition;
@@ -48,7 +43,7 @@ std::unique_ptr<EditorDocument> EditorDocument::Open(const std::string& project_
     if (!chosen.empty()) definition = project->SimulationDefinition(chosen);
   } catch (const std::exception& error) {
     throw EditorError("Cannot read the simulations of the project '" + project_path +
-                      "': " + Describe(error));
+                      "': " + ErrorText(error));
   }
   if (chosen.empty()) {
     throw EditorError(simulation.empty() ? "The project '" + project_path + "' holds no simulation to edit."
@@ -96,7 +91,7 @@ EditorDocument::SaveOutcome EditorDocument::Save(const std::string& definition,
     }
   } catch (const std::exception& error) {
     outcome.message =
-        "The simulation could not be saved: " + Describe(error) + " The definition saved before is kept.";
+        "The simulation could not be saved: " + ErrorText(error) + " The definition saved before is kept.";
     return outcome;
   }
   saved_definition_ = definition;
@@ -133,7 +128,7 @@ EditorDocument::SaveOutcome EditorDocument::SaveAs(const std::string& path, cons
     copy.reset();
     if (!existed) fs::remove(path, error);
     outcome.message =
-        "The simulation could not be saved in '" + path + "': " + Describe(failure) + " Nothing was saved.";
+        "The simulation could not be saved in '" + path + "': " + ErrorText(failure) + " Nothing was saved.";
     return outcome;
   }
   project_ = copy;

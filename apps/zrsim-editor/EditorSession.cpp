@@ -23,6 +23,7 @@
 #include "zrsim-editor/ImportLayerDialog.h"
 #include "zrsim-editor/NewDesignDialog.h"
 #include "zrsim-editor/NewSurveyDialog.h"
+#include "zrsim-editor/QuestionBox.h"
 #include "zrsim-editor/RecentProjects.h"
 #include "zrsim-editor/SimulationsPanel.h"
 #include "zrsimprp/host/Conversions.h"
@@ -34,27 +35,6 @@ namespace zrsim_editor {
 namespace {
 
 constexpr const char* kTitle = "zrsim-editor";
-
-std::string Describe(const std::exception& error) {
-  if (const auto* runtime = dynamic_cast<const zrsimprp::RuntimeError*>(&error)) return runtime->description;
-  return error.what();
-}
-
-QString ChoiceText(EditorWindow::Choice choice) {
-  switch (choice) {
-    case EditorWindow::Choice::kSave:
-      return EditorSession::tr("&Save");
-    case EditorWindow::Choice::kDiscard:
-      return EditorSession::tr("&Discard changes");
-    case EditorWindow::Choice::kOverwrite:
-      return EditorSession::tr("&Delete");
-    case EditorWindow::Choice::kSaveAs:
-      return EditorSession::tr("Save &As…");
-    case EditorWindow::Choice::kGoBack:
-      break;
-  }
-  return EditorSession::tr("&Go back");
-}
 
 // The next identifier after the highest one in use.
 template <class Records>
@@ -133,7 +113,7 @@ void EditorSession::RefreshSimulations() {
     try {
       names = document_->Project()->SimulationNames();
     } catch (const std::exception& error) {
-      Tell(Describe(error));
+      Tell(ErrorText(error));
     }
   }
   simulations_->SetNames(names, open ? document_->SimulationName() : "");
@@ -199,7 +179,7 @@ bool EditorSession::OpenProject(const std::string& path, const std::string& simu
   try {
     return ShowDocument(EditorDocument::Open(path, simulation));
   } catch (const std::exception& error) {
-    Tell(Describe(error));
+    Tell(ErrorText(error));
     return false;
   }
 }
@@ -227,13 +207,13 @@ bool EditorSession::NewProject(const std::string& path, bool from_sample) {
           kFirstSimulation, zrsimprp::EmptyProject::DefaultSimulationDefinition());
     }
   } catch (const std::exception& failure) {
-    Tell(Describe(failure));
+    Tell(ErrorText(failure));
     return false;
   }
   try {
     return ShowDocument(EditorDocument::Open(path, ""));
   } catch (const std::exception& failure) {
-    Tell(Describe(failure));
+    Tell(ErrorText(failure));
     return false;
   }
 }
@@ -356,7 +336,7 @@ bool EditorSession::DeleteSimulation() {
     return false;
   }
   if (Ask("Delete the simulation '" + name + "' from the project? This cannot be undone.",
-          {Choice::kOverwrite, Choice::kGoBack}) != Choice::kOverwrite) {
+          {Choice::kDelete, Choice::kGoBack}) != Choice::kDelete) {
     return false;
   }
   if (!Change([&] { project->RemoveSimulation(name); })) return false;
@@ -435,7 +415,7 @@ bool EditorSession::Change(const std::function<void()>& change) {
     change();
     return true;
   } catch (const std::exception& error) {
-    Tell(Describe(error));
+    Tell(ErrorText(error));
     return false;
   }
 }
@@ -450,18 +430,7 @@ void EditorSession::Tell(const std::string& text) {
 
 EditorSession::Choice EditorSession::Ask(const std::string& text, const std::vector<Choice>& choices) {
   if (questions_) return questions_(text, choices);
-  QMessageBox box(QMessageBox::Question, QString::fromUtf8(kTitle), QString::fromStdString(text),
-                  QMessageBox::NoButton, this);
-  std::vector<std::pair<QAbstractButton*, Choice>> buttons;
-  for (const Choice choice : choices) {
-    const auto role = choice == Choice::kGoBack ? QMessageBox::RejectRole : QMessageBox::AcceptRole;
-    buttons.emplace_back(box.addButton(ChoiceText(choice), role), choice);
-  }
-  box.exec();
-  for (const auto& [button, choice] : buttons) {
-    if (box.clickedButton() == button) return choice;
-  }
-  return Choice::kGoBack;
+  return QuestionBox::Ask(this, text, choices);
 }
 
 std::string EditorSession::AskName(const std::string& question, const std::string& suggestion) {

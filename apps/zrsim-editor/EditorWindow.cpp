@@ -11,11 +11,13 @@
 #include <QShortcut>
 #include <QVBoxLayout>
 
+#include "zrsim-editor/EditorError.h"
 #include "zrsim-editor/FindingNavigator.h"
 #include "zrsim-editor/HelpBrowser.h"
 #include "zrsim-editor/LiveLint.h"
 #include "zrsim-editor/PersonalSettings.h"
 #include "zrsim-editor/PreviewBeside.h"
+#include "zrsim-editor/QuestionBox.h"
 #include "zrsim-editor/RememberedView.h"
 #include "zrsim-editor/WarningsBar.h"
 #include "zrsimprp/control/PageTable.h"
@@ -29,44 +31,6 @@ namespace {
 
 // Long enough to let a run of key strokes pass, short enough that the title follows the typing.
 constexpr int kModifiedCheckDelayMs = 150;
-
-std::string Describe(const std::exception& error) {
-  if (const auto* runtime = dynamic_cast<const zrsimprp::RuntimeError*>(&error)) return runtime->description;
-  return error.what();
-}
-
-QString ChoiceText(EditorWindow::Choice choice) {
-  switch (choice) {
-    case EditorWindow::Choice::kSave:
-      return EditorWindow::tr("&Save");
-    case EditorWindow::Choice::kDiscard:
-      return EditorWindow::tr("&Discard changes");
-    case EditorWindow::Choice::kGoBack:
-      return EditorWindow::tr("&Go back");
-    case EditorWindow::Choice::kOverwrite:
-      return EditorWindow::tr("&Overwrite");
-    case EditorWindow::Choice::kSaveAs:
-      return EditorWindow::tr("Save &As…");
-    case EditorWindow::Choice::kSaveAnyway:
-      return EditorWindow::tr("&Save anyway");
-  }
-  return QString();
-}
-
-QMessageBox::ButtonRole ChoiceRole(EditorWindow::Choice choice) {
-  switch (choice) {
-    case EditorWindow::Choice::kSave:
-    case EditorWindow::Choice::kOverwrite:
-    case EditorWindow::Choice::kSaveAs:
-    case EditorWindow::Choice::kSaveAnyway:
-      return QMessageBox::AcceptRole;
-    case EditorWindow::Choice::kDiscard:
-      return QMessageBox::DestructiveRole;
-    case EditorWindow::Choice::kGoBack:
-      break;
-  }
-  return QMessageBox::RejectRole;
-}
 
 }  // namespace
 
@@ -149,12 +113,12 @@ bool EditorWindow::Load() {
     } catch (const std::exception& refused) {
       // What is kept per person never stops a simulation from opening: forget it and try again.
       if (!RememberedView::Forget(document_.Project()->Path(), document_.SimulationName())) throw;
-      const std::string reason = Describe(refused);
+      const std::string reason = ErrorText(refused);
       initialize();
       Tell(RememberedView::ForgottenMessage(document_.SimulationName(), reason));
     }
   } catch (const std::exception& error) {
-    Tell("The simulation '" + document_.SimulationName() + "' could not be loaded: " + Describe(error));
+    Tell("The simulation '" + document_.SimulationName() + "' could not be loaded: " + ErrorText(error));
     return false;
   }
   properties_->RefreshNow();
@@ -328,7 +292,7 @@ void EditorWindow::Reset() {
   try {
     properties_->ResetDefinition();
   } catch (const std::exception& error) {
-    Tell("The default options could not be loaded: " + Describe(error));
+    Tell("The default options could not be loaded: " + ErrorText(error));
   }
   properties_->RefreshNow();
   ScheduleModifiedCheck();
@@ -352,17 +316,7 @@ void EditorWindow::Tell(const std::string& text) {
 
 EditorWindow::Choice EditorWindow::Ask(const std::string& text, const std::vector<Choice>& choices) {
   if (questions_) return questions_(text, choices);
-  QMessageBox box(QMessageBox::Question, QString::fromUtf8(kTitle), QString::fromStdString(text),
-                  QMessageBox::NoButton, this);
-  std::vector<std::pair<QAbstractButton*, Choice>> buttons;
-  for (const Choice choice : choices)
-    buttons.emplace_back(box.addButton(ChoiceText(choice), ChoiceRole(choice)), choice);
-  box.setDefaultButton(static_cast<QPushButton*>(buttons.front().first));
-  box.exec();
-  for (const auto& [button, choice] : buttons) {
-    if (box.clickedButton() == button) return choice;
-  }
-  return Choice::kGoBack;
+  return QuestionBox::Ask(this, text, choices);
 }
 
 void EditorWindow::UpdateTitle() {

@@ -27,7 +27,7 @@ class EditorWindow : public QDialog {
 
  public:
   // What a person can answer when the window asks.
-  enum class Choice { kSave, kDiscard, kGoBack, kOverwrite, kSaveAs, kSaveAnyway };
+  enum class Choice { kSave, kDiscard, kGoBack, kOverwrite, kSaveAs, kSaveAnyway, kDelete };
   // Where the window's own messages go; by default a modal box.
   using MessageSink = std::function<void(const std::string& text, const std::string& title)>;
   // Who answers the window's questions; by default a modal box with one button per choice.

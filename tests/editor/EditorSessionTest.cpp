@@ -182,7 +182,7 @@ TEST_F(EditorSessionTest, NewDuplicateRenameAndDeleteSimulations) {
   // Delete asks; going back keeps it.
   EXPECT_FALSE(session_->DeleteSimulation());
   EXPECT_EQ(session_->Simulations().Names().size(), 3u);
-  answers_ = {Choice::kOverwrite};
+  answers_ = {Choice::kDelete};
   ASSERT_TRUE(session_->DeleteSimulation());
   EXPECT_EQ(session_->Simulations().Names(), (std::vector<std::string>{"Sample simulation", "Fresh copy"}));
   EXPECT_EQ(session_->Document()->SimulationName(), "Sample simulation");

@@ -81,6 +81,17 @@ double ToDouble(std::string_view text) {
   return value;  // an underflow gives zero or a denormal, as the platform does
 }
 
+std::optional<double> FiniteNumber(std::string_view text) {
+  if (!IsNumeric(text)) return std::nullopt;
+  try {
+    const double value = ToDouble(text);
+    if (std::isfinite(value)) return value;
+  } catch (const RuntimeError&) {
+    // Beyond a double: the conversion reports an overflow.
+  }
+  return std::nullopt;
+}
+
 int16_t ToInt16(double value) { return RoundToInteger<int16_t>(value); }
 int16_t ToInt16(std::string_view text) { return ToInt16(ToDouble(text)); }
 int32_t ToInt32(double value) { return RoundToInteger<int32_t>(value); }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -15,6 +16,9 @@ bool IsNumeric(std::string_view text);
 
 // Numeric text to its value; error 13 when the text is not numeric, 6 when it is beyond a double.
 double ToDouble(std::string_view text);
+// The number `text` holds (C locale, blanks around it ignored) when it is a finite one; no value for
+// blank or non-numeric text or a number beyond a double. Never throws.
+std::optional<double> FiniteNumber(std::string_view text);
 
 // Round half to even; error 6 outside the type's range.
 int16_t ToInt16(double value);

@@ -9,6 +9,7 @@
 #include "zrsimprp/lint/LintCodes.h"
 #include "zrsimprp/lint/StrataGeometry.h"
 #include "zrsimprp/map/MapNumber.h"
+#include "zrsimprp/preview/DetectionFunction.h"
 
 namespace zrsimprp {
 
@@ -16,20 +17,8 @@ namespace {
 
 std::string Quoted(const std::string& text) { return "\"" + text + "\""; }
 
-// The number a typed value holds (C locale), when it is a finite one.
-std::optional<double> Number(const std::string& text) {
-  const std::string_view trimmed = TrimBlanks(text);
-  if (!IsNumeric(trimmed)) return std::nullopt;
-  try {
-    const double value = ToDouble(trimmed);
-    if (std::isfinite(value)) return value;
-  } catch (const std::exception&) {
-  }
-  return std::nullopt;
-}
-
 std::optional<double> Positive(const std::string& text) {
-  std::optional<double> value = Number(text);
+  std::optional<double> value = FiniteNumber(text);
   if (value && *value > 0) return value;
   return std::nullopt;
 }
@@ -45,12 +34,6 @@ std::string JoinedWithAnd(const std::vector<std::string>& parts) {
   }
   return text;
 }
-
-// Simpson's rule over 0 to `truncation` with this many intervals: far finer than any curve the
-// detection parameters can give within the truncation distance.
-constexpr int kIntervals = 400;
-
-constexpr double kPi = 3.14159265358979323846;
 
 }  // namespace
 
@@ -87,23 +70,16 @@ std::string StrataLint::StrataPhrase(const std::vector<FindingStratum>& strata) 
   return std::to_string(strata.size()) + " strata (" + names + ")";
 }
 
+// The preview's detection function, so that the lint and the preview never disagree on a curve.
 double StrataLint::HazardRateAt(double distance, double scale, double shape) {
-  if (distance <= 0) return 1;
-  return 1 - std::exp(-std::pow(distance / scale, -shape));
+  return DetectionFunction(DetectionFunction::Key::kHazardRate, scale, shape).At(distance);
 }
 
 double StrataLint::AverageDetection(double scale, std::optional<double> shape, double truncation) {
-  if (!shape) {
-    // The Half-Normal's integral is closed: σ √(π/2) erf(w / σ√2) / w.
-    return scale * std::sqrt(kPi / 2) * std::erf(truncation / (scale * std::sqrt(2.0))) / truncation;
-  }
-  const double step = truncation / kIntervals;
-  double sum = 0;
-  for (int i = 0; i <= kIntervals; ++i) {
-    const double weight = (i == 0 || i == kIntervals) ? 1 : (i % 2 ? 4 : 2);
-    sum += weight * HazardRateAt(i * step, scale, *shape);
-  }
-  return sum * step / 3 / truncation;
+  const DetectionFunction function =
+      shape ? DetectionFunction(DetectionFunction::Key::kHazardRate, scale, *shape)
+            : DetectionFunction(DetectionFunction::Key::kHalfNormal, scale, 0);
+  return function.AverageDetectability(truncation);
 }
 
 std::string StrataLint::StratumName(std::size_t index) {
@@ -176,7 +152,7 @@ void StrataLint::CheckZeroValues() {
     std::vector<std::size_t> zero;
     bool positive = false;
     for (std::size_t i = 0; i < values_.densities.size() && i < strata; ++i) {
-      const std::optional<double> value = Number(values_.densities[i]);
+      const std::optional<double> value = FiniteNumber(values_.densities[i]);
       if (value && *value == 0) zero.push_back(i);
       positive = positive || (value && *value > 0);
     }
@@ -194,7 +170,7 @@ void StrataLint::CheckZeroValues() {
   if (TextEquals(values_.population_size, "Fixed N")) {
     std::vector<std::size_t> zero;
     for (std::size_t i = 0; i < values_.population_values.size() && i < strata; ++i) {
-      const std::optional<double> value = Number(values_.population_values[i]);
+      const std::optional<double> value = FiniteNumber(values_.population_values[i]);
       if (value && *value == 0) zero.push_back(i);
     }
     if (!zero.empty()) {
@@ -243,8 +219,8 @@ void StrataLint::CheckHotspots(const StrataGeometry& geometry) {
     const Values::Hotspot& hotspot = values_.hotspots[i];
     if (hotspot.values.size() < 4) continue;  // the reading stops there; reported already
     const std::string number = std::to_string(i + 1);
-    const std::optional<double> x = Number(hotspot.values[0]);
-    const std::optional<double> y = Number(hotspot.values[1]);
+    const std::optional<double> x = FiniteNumber(hotspot.values[0]);
+    const std::optional<double> y = FiniteNumber(hotspot.values[1]);
     if (x && y && !geometry.InsideAStratum(*x, *y)) {
       Finding& finding =
           Add(lint_code::kHotspotOutside, entry_key::kHotspot, hotspot.field, hotspot.line,

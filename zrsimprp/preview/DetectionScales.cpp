@@ -13,18 +13,6 @@ namespace {
 
 constexpr const char* kCannotDraw = ", so its detection curve cannot be drawn.";
 
-// A cell's number in the C locale, or no value (blank, not a number, beyond a double).
-std::optional<double> NumberOf(const std::string& text) {
-  const std::string_view trimmed = TrimBlanks(text);
-  if (trimmed.empty() || !IsNumeric(trimmed)) return std::nullopt;
-  try {
-    const double value = ToDouble(trimmed);
-    if (std::isfinite(value)) return value;
-  } catch (const std::exception&) {
-  }
-  return std::nullopt;
-}
-
 class CellReader {
  public:
   CellReader(const PreviewInputs& inputs, size_t column) : inputs_(inputs), column_(column) {}
@@ -47,7 +35,7 @@ class CellReader {
       problem = cell() + " is blank" + kCannotDraw;
       return std::nullopt;
     }
-    const std::optional<double> value = NumberOf(text);
+    const std::optional<double> value = FiniteNumber(text);
     if (!value) problem = cell() + " ('" + text + "') is not a number" + kCannotDraw;
     return value;
   }
@@ -83,7 +71,7 @@ std::vector<double> DetectionScales::LevelWeights(const PreviewInputs& inputs) {
   std::vector<double> typed;
   for (size_t i = 0; i < count; ++i) {
     const std::optional<double> value =
-        i < inputs.level_probabilities.size() ? NumberOf(inputs.level_probabilities[i]) : std::nullopt;
+        i < inputs.level_probabilities.size() ? FiniteNumber(inputs.level_probabilities[i]) : std::nullopt;
     if (!value || *value < 0) return weights;
     typed.push_back(*value);
     sum += *value;

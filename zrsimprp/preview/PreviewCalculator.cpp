@@ -17,17 +17,6 @@ namespace zrsimprp {
 
 namespace {
 
-std::optional<double> NumberOf(const std::string& text) {
-  const std::string_view trimmed = TrimBlanks(text);
-  if (trimmed.empty() || !IsNumeric(trimmed)) return std::nullopt;
-  try {
-    const double value = ToDouble(trimmed);
-    if (std::isfinite(value)) return value;
-  } catch (const std::exception&) {
-  }
-  return std::nullopt;
-}
-
 double TwiceSignedArea(const std::vector<MapPoint>& ring) {
   double sum = 0;
   for (size_t i = 0; i < ring.size(); ++i) {
@@ -45,7 +34,7 @@ std::optional<double> DesignDistance(const PreviewDesign& design, const std::str
     refusal = "The design '" + design.name + "' gives no " + what + ", so the survey cannot be previewed.";
     return std::nullopt;
   }
-  const std::optional<double> value = NumberOf(text);
+  const std::optional<double> value = FiniteNumber(text);
   if (!value || *value <= 0) {
     refusal = "The design '" + design.name + "' gives the " + what + " '" + text +
               "', which is not a number greater than 0, so the survey cannot be previewed.";
@@ -236,7 +225,7 @@ bool PreviewCalculator::ReadPopulation(const PreviewInputs& inputs, Preview& pre
       continue;
     }
     const std::string text = s < inputs.population_values.size() ? inputs.population_values[s] : "";
-    const std::optional<double> value = NumberOf(text);
+    const std::optional<double> value = FiniteNumber(text);
     const std::string cell = std::string(fixed_n ? "N" : "D") + " of stratum '" + stratum.name + "'";
     if (!value || *value < 0) {
       preview.refusal = "The " + cell + " ('" + text +

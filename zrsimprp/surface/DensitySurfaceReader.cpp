@@ -4,7 +4,6 @@
 #include <cmath>
 
 #include "zrsimprp/host/Conversions.h"
-#include "zrsimprp/host/RuntimeError.h"
 
 namespace zrsimprp {
 
@@ -35,12 +34,7 @@ DensitySurfaceReading::Value ReadValue(const std::string& text, Rule rule, Densi
   } else if (!IsNumeric(trimmed)) {
     kind = SurfaceProblemKind::kNotANumber;
   } else {
-    try {
-      const double number = ToDouble(trimmed);
-      if (std::isfinite(number)) value.number = number;
-    } catch (const RuntimeError&) {
-      // Beyond a double: the conversion reports an overflow.
-    }
+    value.number = FiniteNumber(trimmed);
     kind = value.number ? RuleBroken(*value.number, rule) : SurfaceProblemKind::kNotFinite;
   }
   if (kind) {
