@@ -5,49 +5,17 @@
 
 #include <memory>
 
+#include "projectdb/OgrPolygons.h"
 #include "projectdb/ProjectChecks.h"
 
 namespace zrsimprp {
 
 namespace {
 
-std::unique_ptr<OGRMultiPolygon> ToOgr(const std::vector<PolygonRings>& polygons) {
-  auto multi = std::make_unique<OGRMultiPolygon>();
-  for (const PolygonRings& rings : polygons) {
-    auto polygon = std::make_unique<OGRPolygon>();
-    for (const PolygonRing& points : rings) {
-      auto ring = std::make_unique<OGRLinearRing>();
-      for (const PlanarPoint& point : points) ring->addPoint(point.x, point.y);
-      ring->closeRings();
-      polygon->addRingDirectly(ring.release());
-    }
-    multi->addGeometryDirectly(polygon.release());
-  }
-  return multi;
-}
-
-std::vector<PolygonRings> FromOgr(const OGRGeometry& geometry) {
-  std::unique_ptr<OGRGeometry> multi(OGRGeometryFactory::forceToMultiPolygon(geometry.clone()));
-  std::vector<PolygonRings> polygons;
-  const auto* collection = dynamic_cast<const OGRMultiPolygon*>(multi.get());
-  if (collection == nullptr) return polygons;
-  for (const OGRPolygon* polygon : *collection) {
-    if (polygon->IsEmpty()) continue;
-    PolygonRings rings;
-    for (const OGRLinearRing* ring : *polygon) {
-      PolygonRing points;
-      for (int i = 0; i < ring->getNumPoints(); ++i) points.push_back({ring->getX(i), ring->getY(i)});
-      rings.push_back(std::move(points));
-    }
-    polygons.push_back(std::move(rings));
-  }
-  return polygons;
-}
-
 // The polygons as one valid geometry: overlapping or self-touching input is repaired first, since the
 // overlay refuses invalid shapes.
 std::unique_ptr<OGRGeometry> Dissolved(const std::vector<PolygonRings>& polygons) {
-  std::unique_ptr<OGRMultiPolygon> multi = ToOgr(polygons);
+  std::unique_ptr<OGRMultiPolygon> multi = OgrPolygons::To(polygons);
   if (multi->IsEmpty()) return multi;
   CPLErrorReset();
   CPLPushErrorHandler(CPLQuietErrorHandler);
@@ -74,7 +42,7 @@ std::vector<PolygonRings> PolygonOverlay::Union(const std::vector<PolygonFeature
   std::vector<PolygonRings> all;
   for (const PolygonFeature& feature : features)
     all.insert(all.end(), feature.polygons.begin(), feature.polygons.end());
-  return FromOgr(*Dissolved(all));
+  return OgrPolygons::From(*Dissolved(all));
 }
 
 double PolygonOverlay::ShareInside(const std::vector<PolygonRings>& inner,

@@ -10,6 +10,7 @@
 #include <limits>
 #include <mutex>
 
+#include "projectdb/OgrPolygons.h"
 #include "projectdb/ProjectChecks.h"
 #include "zrsimprp/host/Conversions.h"
 
@@ -48,31 +49,6 @@ bool IsPolygonal(OGRwkbGeometryType type) {
     default:
       return false;
   }
-}
-
-PolygonRing Ring(const OGRLinearRing& ring) {
-  PolygonRing points;
-  points.reserve(static_cast<std::size_t>(ring.getNumPoints()));
-  for (int i = 0; i < ring.getNumPoints(); ++i) points.push_back({ring.getX(i), ring.getY(i)});
-  return points;
-}
-
-// The polygons of a polygonal geometry, flat and linear.
-std::vector<PolygonRings> Polygons(const OGRGeometry& geometry) {
-  std::unique_ptr<OGRGeometry> linear(geometry.hasCurveGeometry() ? geometry.getLinearGeometry()
-                                                                  : geometry.clone());
-  linear->flattenTo2D();
-  std::unique_ptr<OGRGeometry> multi(OGRGeometryFactory::forceToMultiPolygon(linear.release()));
-  std::vector<PolygonRings> polygons;
-  const auto* collection = dynamic_cast<const OGRMultiPolygon*>(multi.get());
-  if (collection == nullptr) return polygons;
-  for (const OGRPolygon* polygon : *collection) {
-    if (polygon->IsEmpty()) continue;
-    PolygonRings rings;
-    for (const OGRLinearRing* ring : *polygon) rings.push_back(Ring(*ring));
-    polygons.push_back(std::move(rings));
-  }
-  return polygons;
 }
 
 // The feature's identifier from the field, which must hold a whole number that fits 32 bits.
@@ -265,7 +241,7 @@ VectorSource::Layer VectorSource::Read(const std::string& table, const std::stri
         ProjectChecks::Refuse(where + " has a feature (" + std::to_string(feature->GetFID()) +
                               ") that cannot be reprojected to " + to_crs + LastGdalError() + ".");
       }
-      written.polygons = Polygons(*geometry);
+      written.polygons = OgrPolygons::From(*geometry);
     }
     read.features.push_back(std::move(written));
   }
