@@ -1,19 +1,25 @@
 #include "zrsimprp/qt/SIMPropertiesWidget.h"
 
+#include <QAction>
 #include <QCoreApplication>
+#include <QKeyEvent>
 #include <QLayout>
+#include <QLineEdit>
 #include <QScrollArea>
 #include <QShortcut>
 #include <QStackedWidget>
 #include <QTabBar>
+#include <QUndoStack>
 #include <QVBoxLayout>
 #include <algorithm>
 
 #include "zrsimprp/control/SIMProperties.h"
 #include "zrsimprp/qt/EventBoundary.h"
 #include "zrsimprp/qt/InputToolTips.h"
+#include "zrsimprp/qt/UndoRecorder.h"
 #include "zrsimprp/qt/binders/ModelBinder.h"
 #include "zrsimprp/qt/binders/TabControlBinder.h"
+#include "zrsimprp/qt/grid/GridEditActions.h"
 #include "zrsimprp/qt/pages/CPagAnalysesView.h"
 #include "zrsimprp/qt/pages/CPagDensityView.h"
 #include "zrsimprp/qt/pages/CPagDetectabilityView.h"
@@ -66,6 +72,46 @@ SIMPropertiesWidget::SIMPropertiesWidget(QWidget* parent)
   ForwardModelChanges();
   InputToolTips::Install(this);
   MarkInvalidSpots();
+  SetUpUndo();
+}
+
+void SIMPropertiesWidget::SetUpUndo() {
+  undo_recorder_ = new UndoRecorder(*control_, this);
+  QUndoStack* stack = undo_recorder_->Stack();
+  undo_action_ = stack->createUndoAction(this);
+  undo_action_->setShortcuts(QKeySequence::Undo);
+  redo_action_ = stack->createRedoAction(this);
+  redo_action_->setShortcuts(
+      {QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z), QKeySequence(Qt::CTRL | Qt::Key_Y)});
+  for (QAction* action : {undo_action_, redo_action_}) {
+    action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+    addAction(action);
+  }
+  // A field's own undo knows only that field: the keys go to the control's history instead.
+  for (QWidget* field : findChildren<QWidget*>()) {
+    if (qobject_cast<QLineEdit*>(field) != nullptr) field->installEventFilter(this);
+  }
+  for (GridEditActions* grid : findChildren<GridEditActions*>()) {
+    connect(grid, &GridEditActions::Reported, this, &SIMPropertiesWidget::StatusMessage);
+  }
+  // Shown pages refresh after a step goes back or forth, as after any other change.
+  connect(stack, &QUndoStack::indexChanged, this, [this] { RefreshNow(); });
+}
+
+QUndoStack* SIMPropertiesWidget::UndoStack() const { return undo_recorder_->Stack(); }
+
+bool SIMPropertiesWidget::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::ShortcutOverride) {
+    const auto* key = static_cast<QKeyEvent*>(event);
+    for (const QAction* action : {undo_action_, redo_action_}) {
+      if (action->shortcuts().contains(QKeySequence(key->keyCombination()))) {
+        // Not taken by the field: the shortcut of this widget gets the key.
+        event->ignore();
+        return true;
+      }
+    }
+  }
+  return QWidget::eventFilter(watched, event);
 }
 
 void SIMPropertiesWidget::MarkInvalidSpots() {
@@ -125,6 +171,9 @@ void SIMPropertiesWidget::StepTab(int step) {
 }
 
 SIMPropertiesWidget::~SIMPropertiesWidget() {
+  // The history goes first: clearing it must not refresh views that are going.
+  disconnect(undo_recorder_->Stack(), nullptr, this, nullptr);
+  delete undo_recorder_;
   // The views watch the model: they go before it does.
   for (InvalidSpotMarker* marker : markers_) delete marker;
   delete outer_tabs_;
@@ -177,8 +226,15 @@ void SIMPropertiesWidget::SetProjectDatabase(std::shared_ptr<ProjectDatabase> da
   control_->SetProjectDatabase(std::move(database));
 }
 bool SIMPropertiesWidget::IsValid() { return control_->IsValid(); }
-void SIMPropertiesWidget::Initialize() { control_->Initialize(); }
-void SIMPropertiesWidget::ResetDefinition() { control_->ResetDefinition(); }
+// Undo goes back no further than the state the host set up.
+void SIMPropertiesWidget::Initialize() {
+  control_->Initialize();
+  undo_recorder_->Reset();
+}
+void SIMPropertiesWidget::ResetDefinition() {
+  control_->ResetDefinition();
+  undo_recorder_->Reset();
+}
 
 SIMProperties& SIMPropertiesWidget::Control() { return *control_; }
 QtPlatform& SIMPropertiesWidget::Platform() { return platform_; }

@@ -2,7 +2,7 @@
 
 #include <QLineEdit>
 
-#include "zrsimprp/qt/EventBoundary.h"
+#include "zrsimprp/qt/UndoRecorder.h"
 #include "zrsimprp/qt/WheelGuard.h"
 
 namespace zrsimprp {
@@ -16,6 +16,7 @@ ComboBoxBinder::ComboBoxBinder(ComboBox& combo, QComboBox* widget)
     widget->setInsertPolicy(QComboBox::NoInsert);
     widget->setCompleter(nullptr);
     connect(widget->lineEdit(), &QLineEdit::textEdited, this, &ComboBoxBinder::OnTextEdited);
+    connect(widget->lineEdit(), &QLineEdit::editingFinished, this, [this] { UndoRecorder::EndTyping(this); });
   }
   connect(widget, qOverload<int>(&QComboBox::activated), this, &ComboBoxBinder::OnActivated);
   WheelGuard::Install(widget);
@@ -44,13 +45,17 @@ void ComboBoxBinder::Mirror() {
 
 void ComboBoxBinder::OnActivated(int index) {
   if (Mirroring()) return;
-  EventBoundary::Run(this, "ComboBox_Click", [this, index] { combo_.UserSelect(index); });
+  UndoRecorder::Run(this, "ComboBox_Click",
+                    QStringLiteral("choice in %1").arg(UndoRecorder::NameOf(widget_combo_)),
+                    [this, index] { combo_.UserSelect(index); });
   RefreshNow();
 }
 
 void ComboBoxBinder::OnTextEdited(const QString& text) {
   if (Mirroring()) return;
-  EventBoundary::Run(this, "ComboBox_Change", [this, &text] { combo_.UserType(text.toStdString()); });
+  UndoRecorder::Run(
+      this, "ComboBox_Change", QStringLiteral("typing in %1").arg(UndoRecorder::NameOf(widget_combo_)),
+      [this, &text] { combo_.UserType(text.toStdString()); }, &combo_);
   RefreshNow();
 }
 

@@ -14,6 +14,7 @@ GridBinder::GridBinder(Grid& grid, GridView* view)
       grid_(grid),
       view_(view),
       model_(new GridTableModel(grid, view, this)),
+      edit_actions_(new GridEditActions(grid, view)),
       text_widths_([view](const std::string& text) { return view->CellWidthFor(text); }) {
   view->setModel(model_);
   view->SetCanEdit([this](int row, int col) {

@@ -4,6 +4,7 @@
 
 #include "zrsimprp/host/Grid.h"
 #include "zrsimprp/qt/binders/ControlBinder.h"
+#include "zrsimprp/qt/grid/GridEditActions.h"
 #include "zrsimprp/qt/grid/GridTableModel.h"
 #include "zrsimprp/qt/grid/GridTextWidths.h"
 #include "zrsimprp/qt/grid/GridView.h"
@@ -21,6 +22,8 @@ class GridBinder : public ControlBinder {
   GridBinder(Grid& grid, GridView* view);
 
   GridTableModel* Model() const { return model_; }
+  // Copy, paste, clear and fill on the view.
+  GridEditActions* EditActions() const { return edit_actions_; }
   // How many columns the last refresh measured the texts of (only those whose texts changed).
   int ColumnsMeasured() const { return text_widths_.Measured(); }
 
@@ -39,6 +42,7 @@ class GridBinder : public ControlBinder {
   Grid& grid_;
   GridView* view_;
   GridTableModel* model_;
+  GridEditActions* edit_actions_;
   GridTextWidths text_widths_;
   std::vector<int> shown_widths_;
 };

@@ -5,6 +5,7 @@
 #include "zrsimprp/host/Conversions.h"
 #include "zrsimprp/qt/EventBoundary.h"
 #include "zrsimprp/qt/PaletteColors.h"
+#include "zrsimprp/qt/UndoRecorder.h"
 #include "zrsimprp/qt/grid/GridCellColors.h"
 
 namespace zrsimprp {
@@ -95,7 +96,7 @@ Qt::ItemFlags GridTableModel::flags(const QModelIndex& index) const {
 bool GridTableModel::setData(const QModelIndex& index, const QVariant& value, int role) {
   if (role != Qt::EditRole || !InGrid(index)) return false;
   bool accepted = false;
-  EventBoundary::Run(this, "Grid_AfterEdit", [&] {
+  UndoRecorder::Run(this, "Grid_AfterEdit", QStringLiteral("edit of a cell"), [&] {
     accepted = grid_.UserEditCell(index.row(), index.column(), value.toString().toStdString());
   });
   // Accepted or not, the cell shows what the grid holds now.

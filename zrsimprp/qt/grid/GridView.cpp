@@ -18,7 +18,8 @@ GridView::GridView(QWidget* parent) : QTableView(parent) {
   verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 8);
   horizontalHeader()->setSectionResizeMode(QHeaderView::Interactive);
   horizontalHeader()->setDefaultSectionSize(72);
-  setSelectionMode(QAbstractItemView::SingleSelection);
+  // A block of cells is selected with Shift or a drag, to copy, clear or fill it.
+  setSelectionMode(QAbstractItemView::ContiguousSelection);
   setSelectionBehavior(QAbstractItemView::SelectItems);
   setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed |
                   QAbstractItemView::AnyKeyPressed);
@@ -140,7 +141,9 @@ bool GridView::edit(const QModelIndex& index, EditTrigger trigger, QEvent* event
   if (WouldOpenEditor(index, trigger, event) && can_edit_ && !can_edit_(index.row(), index.column())) {
     return false;
   }
-  return QTableView::edit(index, trigger, event);
+  const bool opened = QTableView::edit(index, trigger, event);
+  if (opened && state() == EditingState) emit EditorOpened(indexWidget(index));
+  return opened;
 }
 
 }  // namespace zrsimprp

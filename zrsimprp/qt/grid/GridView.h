@@ -8,8 +8,8 @@
 
 namespace zrsimprp {
 
-// The table a grid is drawn in: no Qt headers (the grid's fixed cells are its headers), one cell
-// selected at a time, and an editor that opens only where the grid allows the edit. The view is as
+// The table a grid is drawn in: no Qt headers (the grid's fixed cells are its headers), one block of
+// cells selected at a time, and an editor that opens only where the grid allows the edit. The view is as
 // tall as its rows (up to kMaxVisibleRows, then it scrolls) and no wider than its columns, so that a
 // short table leaves no empty band and its last row is never cut off.
 class GridView : public QTableView {
@@ -39,6 +39,10 @@ class GridView : public QTableView {
   int heightForWidth(int width) const override;
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override;
+
+ signals:
+  // An editor opened in a cell (the block actions watch its keys).
+  void EditorOpened(QWidget* editor);
 
  protected:
   bool edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) override;

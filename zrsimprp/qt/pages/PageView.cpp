@@ -59,8 +59,9 @@ QComboBox* PageView::MakeComboBox(ComboBox& model, const QString& name, QWidget*
   return combo;
 }
 
-GridView* PageView::MakeGrid(Grid& model, const QString& name, QWidget* parent) {
+GridView* PageView::MakeGrid(Grid& model, const QString& object_name, const QString& name, QWidget* parent) {
   auto* view = new GridView(parent);
+  view->setObjectName(object_name);
   view->setAccessibleName(name);
   new GridBinder(model, view);
   Chain(view);
