@@ -94,11 +94,12 @@ TEST_F(GridEditActionsTest, ABlockLargerThanTheGridStopsAtItsEdgeAndAddsNoColumn
   EXPECT_EQ(binder->EditActions()->LastMessage(), "Pasted 1 cell, skipped 1 that cannot be changed here.");
 }
 
-TEST_F(GridEditActionsTest, HeadingsAreNeverPastedOver) {
+TEST_F(GridEditActionsTest, APasteFromAHeadingStartsBelowAndRightOfTheHeadings) {
   PasteAt(0, 0, QStringLiteral("x\ty\r\nz\tw"));
   EXPECT_EQ(Row(0), (Texts{"Strata:", "North", "South", "East", "West"}));
-  EXPECT_EQ(Row(1), (Texts{"Density:", "w", "0", "0", "0"}));
-  EXPECT_EQ(binder->EditActions()->LastMessage(), "Pasted 1 cell, skipped 3 that cannot be changed here.");
+  EXPECT_EQ(Row(1), (Texts{"Density:", "x", "y", "0", "0"}));
+  EXPECT_EQ(Row(2), (Texts{"Size:", "z", "w", "0", "0"}));
+  EXPECT_EQ(binder->EditActions()->LastMessage(), "Pasted 4 cells.");
 }
 
 TEST_F(GridEditActionsTest, PastingABlockWhileACellEditorIsOpenPastesTheBlockNotOneCell) {

@@ -24,7 +24,10 @@ void GridBlockEdit::Edit(Grid& grid, int row, int col, const std::string& text, 
 BlockEditCount GridBlockEdit::Paste(Grid& grid, int row, int col, const ClipboardBlock::Rows& block,
                                     const AddRow& add_row) {
   BlockEditCount count;
-  if (row < 0 || col < 0 || col >= grid.Cols()) return count;
+  if (row < 0 || col < 0) return count;
+  row = std::max(row, grid.FixedRows());
+  col = std::max(col, grid.FixedCols());
+  if (col >= grid.Cols()) return count;
   for (size_t r = 0; r < block.size(); ++r) {
     const int target_row = row + static_cast<int>(r);
     while (target_row >= grid.Rows()) {

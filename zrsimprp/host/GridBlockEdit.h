@@ -31,8 +31,9 @@ class GridBlockEdit {
   // Asked for one more row; false when the page cannot add one.
   using AddRow = std::function<bool()>;
 
-  // Puts `block` with its first cell at (row, col); what lies past the last column, or past the last
-  // row when no row can be added, is left out and not counted.
+  // Puts `block` with its first cell at (row, col), or, from a heading, at the first cell below and
+  // right of the headings (a table with no rows yet has only its heading to start from). What lies
+  // past the last column, or past the last row when no row can be added, is left out and not counted.
   static BlockEditCount Paste(Grid& grid, int row, int col, const ClipboardBlock::Rows& block,
                               const AddRow& add_row = nullptr);
   // Empties every cell of `range`.
