@@ -11,6 +11,7 @@
 #include <QShortcut>
 #include <QVBoxLayout>
 
+#include "zrsim-editor/EditMenu.h"
 #include "zrsim-editor/HelpBrowser.h"
 #include "zrsim-editor/PersonalSettings.h"
 #include "zrsim-editor/WarningsBar.h"
@@ -105,6 +106,7 @@ EditorWindow::EditorWindow(EditorDocument& document, QWidget* parent) : QDialog(
   warnings_ = new WarningsBar(this);
   layout->addWidget(warnings_);
   layout->addWidget(buttons);
+  edit_menu_ = new EditMenu(*layout, *properties_);
   UpdateTitle();
   UpdateButtons();
 }

@@ -276,3 +276,65 @@ TEST_F(UndoAndPasteWidgetTest, PastingMoreHotspotRowsThanThereAreAddsHotspotsWhe
 
 }  // namespace
 }  // namespace zrsimprp
+
+namespace zrsimprp {
+namespace {
+
+// 281 census tracts as a person meets them: 18 share one name, 83 have none, ids are not places.
+std::shared_ptr<MemoryProjectDatabase> MakeTracts() {
+  auto database = std::make_shared<MemoryProjectDatabase>();
+  database->AddDesign(10, "Lines", "\"STRATUM LAYER\"=Tracts;");
+  database->AddSurvey(1, "Line survey", 1, 10);
+  MemoryProjectDatabase::LayerData layer;
+  layer.name = "Tracts";
+  layer.kind = 1;
+  layer.label_field = "Name";
+  for (int i = 1; i <= 281; ++i) {
+    layer.ids.emplace_back(int32_t{i + 25});
+    std::string label;
+    if (i <= 18) {
+      label = "Binghamton city";
+    } else if (i > 198) {
+      label = "";
+    } else {
+      label = "Tract " + std::to_string(i);
+    }
+    layer.labels.emplace_back(label);
+  }
+  database->AddLayer(layer);
+  return database;
+}
+
+TEST(StrataHeadingsWidget, StrataColumnsShowTheirIdWhereLabelsRepeatOrAreBlankAndATooltipSaysWhichStratum) {
+  CModGlobal::Clear();
+  {
+    SIMPropertiesWidget widget;
+    widget.SetProjectDatabase(MakeTracts());
+    widget.SetDefinition("Transects=Survey /ObjectID=1;\r\nStrataLayer=Tracts;\r\nReps=10;\r\n");
+    widget.Initialize();
+    widget.ShowOuterTab(1);
+    RunEventLoopTurn();
+    auto* view = widget.findChild<GridView*>(QStringLiteral("flxConstantDensity"));
+    ASSERT_NE(view, nullptr);
+    const Grid& grid = widget.Control().pagDensity.flxConstantDensity;
+    ASSERT_EQ(grid.Cols(), 282);
+    const auto cell = [&](int col, int role) { return view->model()->index(0, col).data(role).toString(); };
+    EXPECT_EQ(cell(12, Qt::DisplayRole), "Binghamton city (37)");
+    EXPECT_EQ(cell(12, Qt::ToolTipRole), "stratum 12 of 281, id 37, Binghamton city");
+    EXPECT_EQ(cell(12, Qt::EditRole), "Binghamton city") << "the grid's cell keeps the page's text";
+    EXPECT_EQ(cell(19, Qt::DisplayRole), "Tract 19");
+    EXPECT_EQ(cell(250, Qt::DisplayRole), "id 275");
+    EXPECT_EQ(cell(250, Qt::ToolTipRole), "stratum 250 of 281, id 275");
+    EXPECT_EQ(grid.TextMatrix(0, 12), "Binghamton city");
+    // The column is wide enough for the heading with its id.
+    EXPECT_GE(view->columnWidth(12), view->CellWidthFor("Binghamton city (37)"));
+    auto* population = widget.findChild<GridView*>(QStringLiteral("flxN"));
+    ASSERT_NE(population, nullptr);
+    EXPECT_EQ(population->model()->index(0, 12).data(Qt::ToolTipRole).toString(),
+              "stratum 12 of 281, id 37, Binghamton city");
+  }
+  CModGlobal::Clear();
+}
+
+}  // namespace
+}  // namespace zrsimprp

@@ -20,6 +20,9 @@
 #include "zrsimprp/qt/binders/ModelBinder.h"
 #include "zrsimprp/qt/binders/TabControlBinder.h"
 #include "zrsimprp/qt/grid/GridEditActions.h"
+#include "zrsimprp/qt/grid/GridTableModel.h"
+#include "zrsimprp/qt/grid/GridView.h"
+#include "zrsimprp/qt/grid/StrataColumnHeadings.h"
 #include "zrsimprp/qt/pages/CPagAnalysesView.h"
 #include "zrsimprp/qt/pages/CPagDensityView.h"
 #include "zrsimprp/qt/pages/CPagDetectabilityView.h"
@@ -73,6 +76,17 @@ SIMPropertiesWidget::SIMPropertiesWidget(QWidget* parent)
   InputToolTips::Install(this);
   MarkInvalidSpots();
   SetUpUndo();
+  FollowStrataHeadings();
+}
+
+void SIMPropertiesWidget::FollowStrataHeadings() {
+  std::vector<GridTableModel*> tables;
+  for (const char* name : {"flxConstantDensity", "flxN", "flxDetect"}) {
+    if (auto* view = findChild<GridView*>(QString::fromLatin1(name))) {
+      if (auto* model = qobject_cast<GridTableModel*>(view->model())) tables.push_back(model);
+    }
+  }
+  strata_headings_ = new StrataColumnHeadings(control_->pagSimulation, std::move(tables), this);
 }
 
 void SIMPropertiesWidget::SetUpUndo() {
@@ -174,6 +188,7 @@ SIMPropertiesWidget::~SIMPropertiesWidget() {
   // The history goes first: clearing it must not refresh views that are going.
   disconnect(undo_recorder_->Stack(), nullptr, this, nullptr);
   delete undo_recorder_;
+  delete strata_headings_;
   // The views watch the model: they go before it does.
   for (InvalidSpotMarker* marker : markers_) delete marker;
   delete outer_tabs_;
@@ -230,10 +245,12 @@ bool SIMPropertiesWidget::IsValid() { return control_->IsValid(); }
 void SIMPropertiesWidget::Initialize() {
   control_->Initialize();
   undo_recorder_->Reset();
+  strata_headings_->Reload();
 }
 void SIMPropertiesWidget::ResetDefinition() {
   control_->ResetDefinition();
   undo_recorder_->Reset();
+  strata_headings_->Reload();
 }
 
 SIMProperties& SIMPropertiesWidget::Control() { return *control_; }

@@ -22,6 +22,7 @@ class SIMProperties;
 class TabControlBinder;
 class InvalidSpotMarker;
 class UndoRecorder;
+class StrataColumnHeadings;
 class CPagSimulationView;
 class CPagDensityView;
 class PopulationTabView;
@@ -106,6 +107,7 @@ class SIMPropertiesWidget : public QWidget {
   void ForwardModelChanges();
   void MarkInvalidSpots();
   void SetUpUndo();
+  void FollowStrataHeadings();
 
   QtPlatform platform_;
   std::unique_ptr<SIMProperties> control_;
@@ -120,6 +122,7 @@ class SIMPropertiesWidget : public QWidget {
   CPagMiscView* misc_view_ = nullptr;
   std::vector<InvalidSpotMarker*> markers_;
   UndoRecorder* undo_recorder_ = nullptr;
+  StrataColumnHeadings* strata_headings_ = nullptr;
   QAction* undo_action_ = nullptr;
   QAction* redo_action_ = nullptr;
 };

@@ -22,6 +22,11 @@ GridBinder::GridBinder(Grid& grid, GridView* view)
     EventBoundary::Run(this, "Grid_BeforeEdit", [&] { can_edit = grid_.UserCanEditCell(row, col); });
     return can_edit;
   });
+  // A heading wider than the page's label widens its column.
+  connect(model_, &GridTableModel::HeadingsChanged, this, [this] {
+    shown_widths_.clear();
+    ScheduleRefresh();
+  });
   connect(view->selectionModel(), &QItemSelectionModel::currentChanged, this,
           [this](const QModelIndex& current, const QModelIndex&) { OnCurrentChanged(current); });
   RefreshNow();
@@ -44,7 +49,12 @@ int GridBinder::WantedWidth(int col) const {
   } else if (col >= grid_.FixedCols()) {
     floor = view_->horizontalHeader()->defaultSectionSize();
   }
-  return std::max(floor, text_widths_.Width(col));
+  int heading = 0;
+  for (int row = 0; row < grid_.FixedRows(); ++row) {
+    if (const auto* shown = model_->HeadingAt(row, col))
+      heading = std::max(heading, view_->CellWidthFor(shown->text));
+  }
+  return std::max({floor, text_widths_.Width(col), heading});
 }
 
 void GridBinder::MirrorColumnWidths(bool shape_changed) {
