@@ -15,7 +15,7 @@ GridBinder::GridBinder(Grid& grid, GridView* view)
       view_(view),
       model_(new GridTableModel(grid, view, this)),
       edit_actions_(new GridEditActions(grid, view)),
-      text_widths_([view](const std::string& text) { return view->CellWidthFor(text); }) {
+      text_widths_([this](const std::string& text) { return TextWidth(text); }) {
   view->setModel(model_);
   view->SetCanEdit([this](int row, int col) {
     bool can_edit = false;
@@ -51,10 +51,18 @@ int GridBinder::WantedWidth(int col) const {
   }
   int heading = 0;
   for (int row = 0; row < grid_.FixedRows(); ++row) {
-    if (const auto* shown = model_->HeadingAt(row, col))
-      heading = std::max(heading, view_->CellWidthFor(shown->text));
+    if (const auto* shown = model_->HeadingAt(row, col)) heading = std::max(heading, TextWidth(shown->text));
   }
   return std::max({floor, text_widths_.Width(col), heading});
+}
+
+int GridBinder::TextWidth(const std::string& text) const {
+  // A pasted block repeats a few values over thousands of cells: each text is shaped once per font.
+  const auto known = measured_texts_.find(text);
+  if (known != measured_texts_.end()) return known->second;
+  const int width = view_->CellWidthFor(text);
+  measured_texts_.emplace(text, width);
+  return width;
 }
 
 void GridBinder::MirrorColumnWidths(bool shape_changed) {
@@ -94,6 +102,7 @@ bool GridBinder::eventFilter(QObject* watched, QEvent* event) {
   if (watched == view_ && (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)) {
     // Every text takes another width in the new font.
     text_widths_.Forget();
+    measured_texts_.clear();
     shown_widths_.clear();
     ScheduleRefresh();
   }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+#include <unordered_map>
 #include <vector>
 
 #include "zrsimprp/host/Grid.h"
@@ -36,6 +38,7 @@ class GridBinder : public ControlBinder {
  private:
   void MirrorColumnWidths(bool shape_changed);
   int WantedWidth(int col) const;
+  int TextWidth(const std::string& text) const;
   void MirrorCursor();
   void OnCurrentChanged(const QModelIndex& current);
 
@@ -44,6 +47,7 @@ class GridBinder : public ControlBinder {
   GridTableModel* model_;
   GridEditActions* edit_actions_;
   GridTextWidths text_widths_;
+  mutable std::unordered_map<std::string, int> measured_texts_;
   std::vector<int> shown_widths_;
 };
 
