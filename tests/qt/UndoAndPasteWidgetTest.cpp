@@ -338,3 +338,40 @@ TEST(StrataHeadingsWidget, StrataColumnsShowTheirIdWhereLabelsRepeatOrAreBlankAn
 
 }  // namespace
 }  // namespace zrsimprp
+
+namespace zrsimprp {
+namespace {
+
+// Draws every outer tab over the 281 tracts; with ZRSIMPRP_RENDER_DIR set, the images are kept there
+// to be looked at.
+TEST(StrataHeadingsWidget, EveryTabDrawsOverTwoHundredEightyOneTracts) {
+  CModGlobal::Clear();
+  {
+    SIMPropertiesWidget widget;
+    widget.Platform().SetMessageSink([](const std::string&, const std::string&, MessageIcon) {});
+    widget.SetProjectDatabase(MakeTracts());
+    std::string densities;
+    std::string sizes;
+    for (int i = 1; i <= 281; ++i) {
+      densities += (i > 1 ? "," : "") + std::to_string(i % 4 + 1);
+      sizes += (i > 1 ? "," : "") + std::to_string(100 + i);
+    }
+    widget.SetDefinition(
+        "Transects=Survey /ObjectID=1;\r\nStrataLayer=Tracts;\r\nReps=10;\r\nDensity=Uniform /Densities=" +
+        densities + " /GridSpace=10;\r\nPopSize=\"Fixed N\" /Values=" + sizes + ";\r\n");
+    widget.Initialize();
+    widget.resize(1400, 900);
+    const QString folder = qEnvironmentVariable("ZRSIMPRP_RENDER_DIR");
+    for (int tab = 0; tab < 6; ++tab) {
+      widget.ShowOuterTab(tab);
+      ASSERT_EQ(widget.CurrentOuterTab(), tab);
+      const QImage image = widget.Render();
+      EXPECT_EQ(image.size(), QSize(1400, 900));
+      if (!folder.isEmpty()) image.save(QStringLiteral("%1/tracts-tab%2.png").arg(folder).arg(tab));
+    }
+  }
+  CModGlobal::Clear();
+}
+
+}  // namespace
+}  // namespace zrsimprp

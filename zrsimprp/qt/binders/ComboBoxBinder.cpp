@@ -41,6 +41,11 @@ void ComboBoxBinder::Mirror() {
     if (widget_combo_->currentText() != text) widget_combo_->setEditText(text);
   }
   MirrorBackColor({QPalette::Base, QPalette::Button});
+  // The text field of an editable list is what a screen reader lands on: it carries the list's name.
+  if (QLineEdit* edit = widget_combo_->lineEdit()) {
+    if (edit->accessibleName() != widget_combo_->accessibleName())
+      edit->setAccessibleName(widget_combo_->accessibleName());
+  }
 }
 
 void ComboBoxBinder::OnActivated(int index) {

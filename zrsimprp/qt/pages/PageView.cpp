@@ -116,6 +116,10 @@ QWidget* PageView::MakeAddRemoveButtons(Button& add, const QString& add_name, Bu
 void PageView::NameAfter(QLabel* caption, QWidget* field) {
   caption->setBuddy(field);
   field->setAccessibleName(caption->accessibleName());
+  // An editable list's text field is where the focus lands: it has the same name.
+  if (auto* combo = qobject_cast<QComboBox*>(field); combo != nullptr && combo->lineEdit() != nullptr) {
+    combo->lineEdit()->setAccessibleName(caption->accessibleName());
+  }
 }
 
 QHBoxLayout* PageView::Row(std::initializer_list<QWidget*> widgets, int indent) {
