@@ -303,8 +303,10 @@ void MapPainter::PaintColourScale(QPainter& painter, const QRectF& bar, const QP
 void MapPainter::PaintScaleBar(QPainter& painter, const QRectF& frame, const QPalette& palette) {
   const double scale = std::abs(to_widget_.m11());
   if (!(scale > 0)) return;
-  const ScaleBar bar =
-      ScaleBar::Choose(1.0 / scale, std::min<qreal>(160, frame.width() * 0.6), model_->geographic);
+  const ScaleBar bar = ScaleBar::Choose(
+      1.0 / scale, std::min<qreal>(160, frame.width() * 0.6),
+      model_->geographic ? ScaleBar::Units::kDegrees
+                         : (model_->metres ? ScaleBar::Units::kMetres : ScaleBar::Units::kUnknown));
   if (bar.length <= 0) return;
   const qreal pixels = bar.length * scale;
   const qreal y = frame.top() + frame.height() - 3;
