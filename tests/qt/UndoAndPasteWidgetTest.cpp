@@ -5,7 +5,9 @@
 #include <QCheckBox>
 #include <QClipboard>
 #include <QComboBox>
+#include <QFile>
 #include <QLineEdit>
+#include <QTemporaryDir>
 #include <QTest>
 #include <QUndoStack>
 #include <memory>
@@ -20,6 +22,7 @@
 #include "zrsimprp/qt/SIMPropertiesWidget.h"
 #include "zrsimprp/qt/binders/GridBinder.h"
 #include "zrsimprp/qt/grid/GridView.h"
+#include "zrsimprp/qt/grid/StrataRowFillMenu.h"
 
 namespace zrsimprp {
 namespace {
@@ -371,6 +374,34 @@ TEST(StrataHeadingsWidget, EveryTabDrawsOverTwoHundredEightyOneTracts) {
     }
   }
   CModGlobal::Clear();
+}
+
+}  // namespace
+}  // namespace zrsimprp
+
+namespace zrsimprp {
+namespace {
+
+TEST_F(UndoAndPasteWidgetTest, FillingAStrataRowFromACsvFileIsOneUndoStepAndNamesTheUnmatchedStrata) {
+  Load(3);
+  widget_->ShowOuterTab(1);
+  QTemporaryDir folder;
+  ASSERT_TRUE(folder.isValid());
+  const QString path = folder.filePath(QStringLiteral("densities.csv"));
+  QFile file(path);
+  ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+  file.write("name,density\r\nS1,0.5\r\n3,2\r\n");
+  file.close();
+  auto* fill = GridNamed("flxConstantDensity")->findChild<StrataRowFillMenu*>();
+  ASSERT_NE(fill, nullptr);
+  fill->FillFromCsvFile(1, path, QStringLiteral("density"));
+  const Grid& densities = widget_->Control().pagDensity.flxConstantDensity;
+  EXPECT_EQ(RowOf(densities, 1), (Texts{"Density:", "0.5", "0", "2"}));
+  EXPECT_EQ(fill->LastMessage(), "Filled 2 cells; no value for id 2.");
+  EXPECT_EQ(widget_->UndoStack()->count(), 1);
+  EXPECT_EQ(widget_->UndoAction()->text(), "Undo fill of 2 cells from a CSV file");
+  widget_->UndoStack()->undo();
+  EXPECT_EQ(RowOf(densities, 1), (Texts{"Density:", "0", "0", "0"}));
 }
 
 }  // namespace

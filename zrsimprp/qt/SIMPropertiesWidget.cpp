@@ -23,6 +23,7 @@
 #include "zrsimprp/qt/grid/GridTableModel.h"
 #include "zrsimprp/qt/grid/GridView.h"
 #include "zrsimprp/qt/grid/StrataColumnHeadings.h"
+#include "zrsimprp/qt/grid/StrataRowFillMenu.h"
 #include "zrsimprp/qt/pages/CPagAnalysesView.h"
 #include "zrsimprp/qt/pages/CPagDensityView.h"
 #include "zrsimprp/qt/pages/CPagDetectabilityView.h"
@@ -81,9 +82,16 @@ SIMPropertiesWidget::SIMPropertiesWidget(QWidget* parent)
 
 void SIMPropertiesWidget::FollowStrataHeadings() {
   std::vector<GridTableModel*> tables;
-  for (const char* name : {"flxConstantDensity", "flxN", "flxDetect"}) {
+  SIMProperties& control = *control_;
+  const std::pair<const char*, Grid*> strata_tables[] = {
+      {"flxConstantDensity", &control.pagDensity.flxConstantDensity},
+      {"flxN", &control.pagPopulation.flxN},
+      {"flxDetect", &control.pagDetectability.flxDetect}};
+  for (const auto& [name, grid] : strata_tables) {
     if (auto* view = findChild<GridView*>(QString::fromLatin1(name))) {
       if (auto* model = qobject_cast<GridTableModel*>(view->model())) tables.push_back(model);
+      auto* fill = new StrataRowFillMenu(*grid, view, control.pagSimulation);
+      connect(fill, &StrataRowFillMenu::Reported, this, &SIMPropertiesWidget::StatusMessage);
     }
   }
   strata_headings_ = new StrataColumnHeadings(control_->pagSimulation, std::move(tables), this);

@@ -40,6 +40,7 @@ class GridTableModel : public QAbstractTableModel {
   // Strata headings shown in row `row` from column `first_col` on, with their tooltips, for as long
   // as the grid's own texts there are the headings' labels (a grid of other strata shows its texts).
   void SetColumnHeadings(int row, int first_col, std::vector<StrataHeadings::Heading> headings);
+  const std::vector<StrataHeadings::Heading>& Headings() const { return headings_; }
   // The heading shown in cell (row, col), or null.
   const StrataHeadings::Heading* HeadingAt(int row, int col) const;
 
