@@ -7,6 +7,8 @@
 #include <QComboBox>
 #include <QFile>
 #include <QLineEdit>
+#include <QScrollBar>
+#include <QTableView>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QUndoStack>
@@ -372,6 +374,15 @@ TEST(StrataHeadingsWidget, EveryTabDrawsOverTwoHundredEightyOneTracts) {
       EXPECT_EQ(image.size(), QSize(1400, 900));
       if (!folder.isEmpty()) image.save(QStringLiteral("%1/tracts-tab%2.png").arg(folder).arg(tab));
     }
+    // Scrolled half way, the population table keeps its row caption in view.
+    widget.ShowOuterTab(2);
+    auto* size_table = widget.findChild<GridView*>(QStringLiteral("flxN"));
+    ASSERT_NE(size_table, nullptr);
+    size_table->horizontalScrollBar()->setValue(size_table->horizontalScrollBar()->maximum() / 2);
+    const QImage scrolled = widget.Render();
+    ASSERT_NE(size_table->FrozenColumnView(), nullptr);
+    EXPECT_FALSE(size_table->FrozenColumnView()->isHidden());
+    if (!folder.isEmpty()) scrolled.save(QStringLiteral("%1/tracts-tab2-scrolled.png").arg(folder));
   }
   CModGlobal::Clear();
 }
@@ -402,6 +413,47 @@ TEST_F(UndoAndPasteWidgetTest, FillingAStrataRowFromACsvFileIsOneUndoStepAndName
   EXPECT_EQ(widget_->UndoAction()->text(), "Undo fill of 2 cells from a CSV file");
   widget_->UndoStack()->undo();
   EXPECT_EQ(RowOf(densities, 1), (Texts{"Density:", "0", "0", "0"}));
+}
+
+}  // namespace
+}  // namespace zrsimprp
+
+namespace zrsimprp {
+namespace {
+
+TEST(StrataHeadingsWidget, TheRowCaptionsStayInViewWhileAWideTableScrolls) {
+  CModGlobal::Clear();
+  {
+    SIMPropertiesWidget widget;
+    widget.SetProjectDatabase(MakeTracts());
+    widget.SetDefinition("Transects=Survey /ObjectID=1;\r\nStrataLayer=Tracts;\r\nReps=10;\r\n");
+    widget.Initialize();
+    widget.resize(1200, 800);
+    widget.show();
+    widget.ShowOuterTab(2);
+    RunEventLoopTurn();
+    auto* view = widget.findChild<GridView*>(QStringLiteral("flxN"));
+    ASSERT_NE(view, nullptr);
+    view->horizontalScrollBar()->setValue(0);
+    EXPECT_TRUE(view->FrozenColumnView() == nullptr || !view->FrozenColumnView()->isVisible())
+        << "unscrolled, the table's own first column shows";
+    view->horizontalScrollBar()->setValue(view->horizontalScrollBar()->maximum());
+    RunEventLoopTurn();
+    QTableView* frozen = view->FrozenColumnView();
+    ASSERT_NE(frozen, nullptr);
+    EXPECT_TRUE(frozen->isVisible());
+    EXPECT_EQ(frozen->focusPolicy(), Qt::NoFocus);
+    EXPECT_EQ(frozen->geometry().left(), view->frameWidth());
+    EXPECT_EQ(frozen->width(), view->columnWidth(0) + 1);
+    EXPECT_FALSE(frozen->isColumnHidden(0));
+    EXPECT_TRUE(frozen->isColumnHidden(1));
+    EXPECT_EQ(frozen->model()->index(1, 0).data().toString(), "N:");
+    // What lies under the captions is the last strata, not the first.
+    EXPECT_GT(view->columnAt(view->columnWidth(0) + 2), 1);
+    view->horizontalScrollBar()->setValue(0);
+    EXPECT_FALSE(frozen->isVisible());
+  }
+  CModGlobal::Clear();
 }
 
 }  // namespace

@@ -35,6 +35,8 @@ GridBinder::GridBinder(Grid& grid, GridView* view)
 void GridBinder::Mirror() {
   const bool shape_changed = model_->rowCount() != grid_.Rows() || model_->columnCount() != grid_.Cols();
   model_->Sync();
+  // Row captions stay in view while a wide table scrolls.
+  if (shape_changed) view_->SetFrozenFirstColumn(grid_.FixedCols() > 0);
   MirrorColumnWidths(shape_changed);
   MirrorCursor();
   view_->viewport()->update();
