@@ -23,10 +23,7 @@ GridBinder::GridBinder(Grid& grid, GridView* view)
     return can_edit;
   });
   // A heading wider than the page's label widens its column.
-  connect(model_, &GridTableModel::HeadingsChanged, this, [this] {
-    shown_widths_.clear();
-    ScheduleRefresh();
-  });
+  connect(model_, &GridTableModel::HeadingsChanged, this, [this] { ScheduleRefresh(); });
   connect(view->selectionModel(), &QItemSelectionModel::currentChanged, this,
           [this](const QModelIndex& current, const QModelIndex&) { OnCurrentChanged(current); });
   RefreshNow();
