@@ -24,6 +24,7 @@
 #include "zrsimprp/qt/grid/GridView.h"
 #include "zrsimprp/qt/grid/StrataColumnHeadings.h"
 #include "zrsimprp/qt/grid/StrataRowFillMenu.h"
+#include "zrsimprp/qt/map/MapCanvas.h"
 #include "zrsimprp/qt/pages/CPagAnalysesView.h"
 #include "zrsimprp/qt/pages/CPagDensityView.h"
 #include "zrsimprp/qt/pages/CPagDetectabilityView.h"
@@ -95,6 +96,22 @@ void SIMPropertiesWidget::FollowStrataHeadings() {
     }
   }
   strata_headings_ = new StrataColumnHeadings(control_->pagSimulation, std::move(tables), this);
+  LinkMapToTable();
+}
+
+void SIMPropertiesWidget::LinkMapToTable() {
+  auto* canvas = density_view_->findChild<MapCanvas*>();
+  auto* table = density_view_->findChild<GridView*>(QStringLiteral("flxConstantDensity"));
+  if (canvas == nullptr || table == nullptr) return;
+  // A stratum clicked on the map is the column a person goes to in the table, and back.
+  connect(canvas, &MapCanvas::StratumClicked, table, [table](int stratum) {
+    const QModelIndex cell = table->model()->index(1, stratum + 1);
+    if (!cell.isValid()) return;
+    table->setCurrentIndex(cell);
+    table->scrollTo(cell);
+  });
+  connect(table->selectionModel(), &QItemSelectionModel::currentChanged, canvas,
+          [canvas](const QModelIndex& current) { canvas->HighlightStratum(current.column() - 1); });
 }
 
 void SIMPropertiesWidget::SetUpUndo() {

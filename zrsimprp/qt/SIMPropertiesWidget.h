@@ -108,6 +108,7 @@ class SIMPropertiesWidget : public QWidget {
   void MarkInvalidSpots();
   void SetUpUndo();
   void FollowStrataHeadings();
+  void LinkMapToTable();
 
   QtPlatform platform_;
   std::unique_ptr<SIMProperties> control_;
