@@ -32,6 +32,16 @@ std::string ColumnFor(const FeatureTableInfo& table, const std::string& field) {
   return column ? column->name : "";
 }
 
+// A projected system (WKT 1 PROJCS or WKT 2 PROJCRS) whose length unit is the metre, however spelt.
+bool ProjectedInMetres(const std::string& definition) {
+  if (!StartsWithWord(definition, "PROJCS") && !StartsWithWord(definition, "PROJCRS")) return false;
+  const std::string text = ToLowerAscii(definition);
+  for (const char* unit : {"unit[\"metre\"", "unit[\"meter\"", "lengthunit[\"metre\""}) {
+    if (text.find(unit) != std::string::npos) return true;
+  }
+  return false;
+}
+
 }  // namespace
 
 CoordinateReference GeoPackageLayerGeometry::Reference(SqliteConnection& connection, int32_t srs_id) {
@@ -53,6 +63,7 @@ CoordinateReference GeoPackageLayerGeometry::Reference(SqliteConnection& connect
   reference.geographic = srs_id == 0 || StartsWithWord(definition, "GEOGCS") ||
                          StartsWithWord(definition, "GEOGCRS") ||
                          (TextEquals(organization, "EPSG") && row.Int64(2) == 4326);
+  reference.metres = !reference.geographic && ProjectedInMetres(definition);
   return reference;
 }
 

@@ -8,6 +8,7 @@
 #include <QHBoxLayout>
 #include <QInputDialog>
 #include <QKeySequence>
+#include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QPushButton>
@@ -18,6 +19,7 @@
 #include "projectdb/EmptyProject.h"
 #include "projectdb/GeoPackageProject.h"
 #include "projectdb/SampleProject.h"
+#include "zrsim-editor/EditMenu.h"
 #include "zrsim-editor/EditorDocument.h"
 #include "zrsim-editor/EditorError.h"
 #include "zrsim-editor/ImportLayerDialog.h"
@@ -89,12 +91,21 @@ void EditorSession::BuildMenus() {
   QAction* close_action = file->addAction(tr("&Close"), this, &QWidget::close);
   close_action->setShortcut(QKeySequence::Close);
   QMenu* project = menuBar()->addMenu(tr("&Project"));
+  project_menu_ = project;
   project_actions_ = {project->addAction(tr("&Import layer…"), this, [this] { ImportLayer(); }),
                       project->addAction(tr("New &design…"), this, [this] { NewDesign(); }),
                       project->addAction(tr("New &survey…"), this, [this] { NewSurvey(); })};
   project_actions_.push_back(save_action_);
   project_actions_.push_back(save_as);
   RefreshRecent();
+}
+
+// The form's Edit menu joins the session's menu bar, between File and Project, instead of a second
+// bar of its own; it goes with the form it belongs to.
+void EditorSession::AdoptEditMenu() {
+  if (window_->Edit() == nullptr) return;
+  if (QMenuBar* own_bar = qobject_cast<QMenuBar*>(window_->layout()->menuBar())) own_bar->hide();
+  menuBar()->insertMenu(project_menu_->menuAction(), window_->Edit()->Menu());
 }
 
 void EditorSession::RefreshRecent() {
@@ -142,6 +153,7 @@ bool EditorSession::ShowDocument(std::unique_ptr<EditorDocument> document) {
   }
   window_ = window;
   document_ = std::move(document);
+  AdoptEditMenu();
   row->addWidget(window_, 1);
   window_->show();
   if (!isVisible()) {

@@ -98,6 +98,7 @@ class EditorSession : public QMainWindow {
  private:
   void BuildMenus();
   void RefreshRecent();
+  void AdoptEditMenu();
   void RefreshSimulations();
   // True when the open simulation may be left: nothing unsaved, saved, or thrown away by choice.
   bool MayLeave();
@@ -115,6 +116,7 @@ class EditorSession : public QMainWindow {
   EditorWindow* window_ = nullptr;
   SimulationsPanel* simulations_ = nullptr;
   QMenu* recent_menu_ = nullptr;
+  QMenu* project_menu_ = nullptr;
   QAction* save_action_ = nullptr;
   QAction* open_action_ = nullptr;
   std::vector<QAction*> project_actions_;

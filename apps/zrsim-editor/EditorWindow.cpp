@@ -11,6 +11,7 @@
 #include <QShortcut>
 #include <QVBoxLayout>
 
+#include "zrsim-editor/EditMenu.h"
 #include "zrsim-editor/EditorError.h"
 #include "zrsim-editor/FindingNavigator.h"
 #include "zrsim-editor/HelpBrowser.h"
@@ -83,6 +84,7 @@ EditorWindow::EditorWindow(EditorDocument& document, QWidget* parent) : QDialog(
   connect(warnings_, &WarningsBar::FindingActivated, this,
           [this](const zrsimprp::Finding& finding) { FindingNavigator::GoTo(*properties_, finding); });
   layout->addWidget(buttons);
+  edit_menu_ = new EditMenu(*layout, *properties_);
   UpdateTitle();
   UpdateButtons();
 }

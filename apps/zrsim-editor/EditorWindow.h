@@ -13,6 +13,7 @@ class QPushButton;
 
 namespace zrsim_editor {
 
+class EditMenu;
 class HelpBrowser;
 class LiveLint;
 class PreviewBeside;
@@ -73,6 +74,7 @@ class EditorWindow : public QDialog {
   QPushButton* HelpButton() const { return help_; }
   QPushButton* SaveAsButton() const { return save_as_; }
   HelpBrowser* Help() const { return help_browser_; }
+  EditMenu* Edit() const { return edit_menu_; }
   // How many times the written definition was compared with the saved one (for the tests of the
   // debounced check).
   int ModifiedChecks() const { return modified_checks_; }
@@ -135,6 +137,7 @@ class EditorWindow : public QDialog {
   QPushButton* help_ = nullptr;
   QPushButton* save_as_ = nullptr;
   HelpBrowser* help_browser_ = nullptr;
+  EditMenu* edit_menu_ = nullptr;
   WarningsBar* warnings_ = nullptr;
   LiveLint* lint_ = nullptr;
   MessageSink sink_;

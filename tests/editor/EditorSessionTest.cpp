@@ -1,9 +1,11 @@
 #include <gtest/gtest.h>
 
 #include <QComboBox>
+#include <QLayout>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMenu>
+#include <QMenuBar>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSettings>
@@ -15,6 +17,7 @@
 #include "EditorFixture.h"
 #include "projectdb/GeoPackageProject.h"
 #include "projectdb/GeoPackageValidator.h"
+#include "zrsim-editor/EditMenu.h"
 #include "zrsim-editor/EditorSession.h"
 #include "zrsim-editor/ImportLayerDialog.h"
 #include "zrsim-editor/NewDesignDialog.h"
@@ -308,6 +311,26 @@ TEST_F(EditorSessionTest, ImportLayerMakesStrataAndTheirRegionOrTellsTheRefusal)
   EXPECT_FALSE(session_->ImportLayer());
   EXPECT_EQ(told_.back(), "The project already has a layer named 'Area'.");
   EXPECT_EQ(Project().Layers().size(), 2u);
+}
+
+QStringList MenuTitles(const QMenuBar& bar) {
+  QStringList titles;
+  for (QAction* action : bar.actions()) titles << action->text();
+  return titles;
+}
+
+TEST_F(EditorSessionTest, TheFormsEditMenuSitsInTheSessionsMenuBarBetweenFileAndProject) {
+  ASSERT_TRUE(session_->OpenProject(Sample()));
+  EXPECT_EQ(MenuTitles(*session_->menuBar()),
+            (QStringList{QStringLiteral("&File"), QStringLiteral("&Edit"), QStringLiteral("&Project")}));
+  auto* own_bar = qobject_cast<QMenuBar*>(session_->Window()->layout()->menuBar());
+  ASSERT_NE(own_bar, nullptr);
+  EXPECT_TRUE(own_bar->isHidden());
+  // Another simulation's form brings its own Edit menu; the one of the form it replaces goes with it.
+  ShowAgainWithSinks();
+  EXPECT_EQ(MenuTitles(*session_->menuBar()),
+            (QStringList{QStringLiteral("&File"), QStringLiteral("&Edit"), QStringLiteral("&Project")}));
+  EXPECT_EQ(session_->menuBar()->actions()[1]->menu(), session_->Window()->Edit()->Menu());
 }
 
 }  // namespace

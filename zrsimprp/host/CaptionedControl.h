@@ -18,6 +18,12 @@ class CaptionedControl : public Control {
     Changed();
   }
 
+  std::unique_ptr<ControlState> SaveState() const override { return MakeState(std::make_tuple(caption_)); }
+  void RestoreState(const ControlState& state) override {
+    std::tie(caption_) = RestoreOwnState<std::tuple<std::string>>(state);
+    Changed();
+  }
+
  private:
   std::string caption_;
 };

@@ -14,6 +14,14 @@ void CheckBox::SetValue(int32_t value) {
   if (on_click_) on_click_();
 }
 
+void CheckBox::RestoreState(const ControlState& state) {
+  std::string caption;
+  std::tie(caption, value_) = RestoreOwnState<std::tuple<std::string, int32_t>>(state);
+  // The caption's own setter tells the views; a value put back runs no click handler.
+  SetCaption(caption);
+  Changed();
+}
+
 bool CheckBox::UserClick() {
   if (!Enabled() || !Visible()) return false;
   SetValue(value_ == kUnchecked ? kChecked : kUnchecked);

@@ -2,6 +2,9 @@
 
 #include <cstdint>
 #include <functional>
+#include <memory>
+#include <string>
+#include <tuple>
 
 #include "zrsimprp/host/CaptionedControl.h"
 
@@ -23,6 +26,11 @@ class CheckBox : public CaptionedControl {
 
   // A person's click toggles between unchecked and checked (a grayed box becomes unchecked).
   bool UserClick();
+
+  std::unique_ptr<ControlState> SaveState() const override {
+    return MakeState(std::make_tuple(Caption(), value_));
+  }
+  void RestoreState(const ControlState& state) override;
 
  private:
   int32_t value_ = kUnchecked;

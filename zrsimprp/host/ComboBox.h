@@ -44,6 +44,15 @@ class ComboBox : public Control {
   bool UserSelect(int index);
   bool UserType(const std::string& text);
 
+  std::unique_ptr<ControlState> SaveState() const override {
+    return MakeState(std::make_tuple(items_, list_index_, text_));
+  }
+  void RestoreState(const ControlState& state) override {
+    std::tie(items_, list_index_, text_) =
+        RestoreOwnState<std::tuple<std::vector<std::string>, int, std::string>>(state);
+    Changed();
+  }
+
  private:
   Style style_;
   std::vector<std::string> items_;

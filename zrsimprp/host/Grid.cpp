@@ -185,6 +185,18 @@ void Grid::InsertRow(int row) {
   Changed();
 }
 
+std::unique_ptr<ControlState> Grid::SaveState() const {
+  return MakeState(
+      Content(cells_, cols_, fixed_rows_, fixed_cols_, editable_, back_color_fixed_, col_widths_));
+}
+
+void Grid::RestoreState(const ControlState& state) {
+  std::tie(cells_, cols_, fixed_rows_, fixed_cols_, editable_, back_color_fixed_, col_widths_) =
+      RestoreOwnState<Content>(state);
+  ClampCursor();
+  Changed();
+}
+
 bool Grid::UserCanEditCell(int row, int col) {
   if (!UserSelectCell(row, col)) return false;
   if (!Enabled() || !Visible() || !editable_ || IsFixedCell(row, col)) return false;

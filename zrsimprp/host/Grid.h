@@ -1,8 +1,10 @@
 #pragma once
 
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "zrsimprp/host/Control.h"
@@ -68,12 +70,21 @@ class Grid : public Control {
   // A person moved the cursor (clicked a cell); refused outside the grid.
   bool UserSelectCell(int row, int col);
 
+  // Cells, shape, widths and colours; the cursor stays where it is (kept inside the grid).
+  std::unique_ptr<ControlState> SaveState() const override;
+  void RestoreState(const ControlState& state) override;
+
  private:
   struct Cell {
     std::string text;
     std::optional<Color> back_color;
     CellAlignment alignment = CellAlignment::kGeneral;
+
+    bool operator==(const Cell& other) const {
+      return text == other.text && back_color == other.back_color && alignment == other.alignment;
+    }
   };
+  using Content = std::tuple<std::vector<std::vector<Cell>>, int, int, int, bool, Color, std::vector<int>>;
 
   void CheckCell(int row, int col) const;
   void CheckRow(int row) const;

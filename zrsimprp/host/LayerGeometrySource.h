@@ -29,6 +29,7 @@ struct StratumGeometry {
 struct CoordinateReference {
   std::string name;         // e.g. "EPSG:32630" or "WGS 84"; "" when undefined
   bool geographic = false;  // coordinates are longitude and latitude in degrees
+  bool metres = false;      // projected coordinates measured in metres
 };
 
 struct LayerShapes {

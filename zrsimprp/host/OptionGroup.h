@@ -33,6 +33,13 @@ class OptionGroup : public Control {
   // A person's click on a button: refused when the group or that button is disabled or hidden.
   bool UserSelect(int index);
 
+  // The selection only: each button saves its own state.
+  std::unique_ptr<ControlState> SaveState() const override { return MakeState(std::make_tuple(selected_)); }
+  void RestoreState(const ControlState& state) override {
+    std::tie(selected_) = RestoreOwnState<std::tuple<int>>(state);
+    Changed();
+  }
+
  private:
   void CheckIndex(int index) const;
 

@@ -25,6 +25,12 @@ class TextBox : public Control {
     return true;
   }
 
+  std::unique_ptr<ControlState> SaveState() const override { return MakeState(std::make_tuple(text_)); }
+  void RestoreState(const ControlState& state) override {
+    std::tie(text_) = RestoreOwnState<std::tuple<std::string>>(state);
+    Changed();
+  }
+
  private:
   std::string text_;
 };

@@ -164,6 +164,7 @@ void DensityMapBuilder::AddOutlines(MapModel& model, const MapLayers& layers) {
   }
   model.strata = layers.region;
   model.geographic = layers.region->reference.geographic;
+  model.metres = layers.region->reference.metres;
   model.reference_name = layers.region->reference.name;
   model.extent = layers.region_extent;
   for (const StratumGeometry& stratum : layers.region->strata) {

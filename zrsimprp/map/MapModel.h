@@ -35,6 +35,7 @@ struct MapModel {
   MapExtent extent;
   std::vector<MapLabel> labels;
   bool geographic = false;
+  bool metres = false;  // projected in metres: the scale bar reads m or km
   std::string reference_name;
   // True on the Simulation page's small map: strata filled in distinct colours, no surface.
   bool colour_by_stratum = false;

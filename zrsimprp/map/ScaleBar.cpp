@@ -1,12 +1,22 @@
 #include "zrsimprp/map/ScaleBar.h"
 
 #include <cmath>
+#include <string>
 
 #include "zrsimprp/map/MapNumber.h"
 
 namespace zrsimprp {
+namespace {
 
-ScaleBar ScaleBar::Choose(double units_per_pixel, double max_pixels, bool degrees) {
+// A round length as a person writes it: "100000", never "1e+05".
+std::string LengthText(double length) {
+  if (length >= 1 && length < 1e15) return std::to_string(std::llround(length));
+  return MapNumber::Text(length);
+}
+
+}  // namespace
+
+ScaleBar ScaleBar::Choose(double units_per_pixel, double max_pixels, Units units) {
   ScaleBar bar;
   const double longest = units_per_pixel * max_pixels;
   if (!(longest > 0) || !std::isfinite(longest)) return bar;
@@ -17,7 +27,17 @@ ScaleBar ScaleBar::Choose(double units_per_pixel, double max_pixels, bool degree
       break;
     }
   }
-  bar.label = MapNumber::Text(bar.length) + (degrees ? "°" : " map units");
+  switch (units) {
+    case Units::kDegrees:
+      bar.label = LengthText(bar.length) + "°";
+      break;
+    case Units::kMetres:
+      bar.label = bar.length >= 1000 ? LengthText(bar.length / 1000) + " km" : LengthText(bar.length) + " m";
+      break;
+    case Units::kUnknown:
+      bar.label = LengthText(bar.length) + " map units";
+      break;
+  }
   return bar;
 }
 

@@ -1,19 +1,30 @@
 #include "zrsimprp/qt/SIMPropertiesWidget.h"
 
+#include <QAction>
 #include <QCoreApplication>
+#include <QKeyEvent>
 #include <QLayout>
+#include <QLineEdit>
 #include <QScrollArea>
 #include <QShortcut>
 #include <QStackedWidget>
 #include <QTabBar>
+#include <QUndoStack>
 #include <QVBoxLayout>
 #include <algorithm>
 
 #include "zrsimprp/control/SIMProperties.h"
 #include "zrsimprp/qt/EventBoundary.h"
 #include "zrsimprp/qt/InputToolTips.h"
+#include "zrsimprp/qt/UndoRecorder.h"
 #include "zrsimprp/qt/binders/ModelBinder.h"
 #include "zrsimprp/qt/binders/TabControlBinder.h"
+#include "zrsimprp/qt/grid/GridEditActions.h"
+#include "zrsimprp/qt/grid/GridTableModel.h"
+#include "zrsimprp/qt/grid/GridView.h"
+#include "zrsimprp/qt/grid/StrataColumnHeadings.h"
+#include "zrsimprp/qt/grid/StrataRowFillMenu.h"
+#include "zrsimprp/qt/map/MapCanvas.h"
 #include "zrsimprp/qt/pages/CPagAnalysesView.h"
 #include "zrsimprp/qt/pages/CPagDensityView.h"
 #include "zrsimprp/qt/pages/CPagDetectabilityView.h"
@@ -66,6 +77,80 @@ SIMPropertiesWidget::SIMPropertiesWidget(QWidget* parent)
   ForwardModelChanges();
   InputToolTips::Install(this);
   MarkInvalidSpots();
+  SetUpUndo();
+  FollowStrataHeadings();
+}
+
+void SIMPropertiesWidget::FollowStrataHeadings() {
+  std::vector<GridTableModel*> tables;
+  SIMProperties& control = *control_;
+  const std::pair<const char*, Grid*> strata_tables[] = {
+      {"flxConstantDensity", &control.pagDensity.flxConstantDensity},
+      {"flxN", &control.pagPopulation.flxN},
+      {"flxDetect", &control.pagDetectability.flxDetect}};
+  for (const auto& [name, grid] : strata_tables) {
+    if (auto* view = findChild<GridView*>(QString::fromLatin1(name))) {
+      if (auto* model = qobject_cast<GridTableModel*>(view->model())) tables.push_back(model);
+      auto* fill = new StrataRowFillMenu(*grid, view, control.pagSimulation);
+      connect(fill, &StrataRowFillMenu::Reported, this, &SIMPropertiesWidget::StatusMessage);
+    }
+  }
+  strata_headings_ = new StrataColumnHeadings(control_->pagSimulation, std::move(tables), this);
+  LinkMapToTable();
+}
+
+void SIMPropertiesWidget::LinkMapToTable() {
+  auto* canvas = density_view_->findChild<MapCanvas*>();
+  auto* table = density_view_->findChild<GridView*>(QStringLiteral("flxConstantDensity"));
+  if (canvas == nullptr || table == nullptr) return;
+  // A stratum clicked on the map is the column a person goes to in the table, and back.
+  connect(canvas, &MapCanvas::StratumClicked, table, [table](int stratum) {
+    const QModelIndex cell = table->model()->index(1, stratum + 1);
+    if (!cell.isValid()) return;
+    table->setCurrentIndex(cell);
+    table->scrollTo(cell);
+  });
+  connect(table->selectionModel(), &QItemSelectionModel::currentChanged, canvas,
+          [canvas](const QModelIndex& current) { canvas->HighlightStratum(current.column() - 1); });
+}
+
+void SIMPropertiesWidget::SetUpUndo() {
+  undo_recorder_ = new UndoRecorder(*control_, this);
+  QUndoStack* stack = undo_recorder_->Stack();
+  undo_action_ = stack->createUndoAction(this);
+  undo_action_->setShortcuts(QKeySequence::Undo);
+  redo_action_ = stack->createRedoAction(this);
+  redo_action_->setShortcuts(
+      {QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z), QKeySequence(Qt::CTRL | Qt::Key_Y)});
+  for (QAction* action : {undo_action_, redo_action_}) {
+    action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+    addAction(action);
+  }
+  // A field's own undo knows only that field: the keys go to the control's history instead.
+  for (QWidget* field : findChildren<QWidget*>()) {
+    if (qobject_cast<QLineEdit*>(field) != nullptr) field->installEventFilter(this);
+  }
+  for (GridEditActions* grid : findChildren<GridEditActions*>()) {
+    connect(grid, &GridEditActions::Reported, this, &SIMPropertiesWidget::StatusMessage);
+  }
+  // Shown pages refresh after a step goes back or forth, as after any other change.
+  connect(stack, &QUndoStack::indexChanged, this, [this] { RefreshNow(); });
+}
+
+QUndoStack* SIMPropertiesWidget::UndoStack() const { return undo_recorder_->Stack(); }
+
+bool SIMPropertiesWidget::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::ShortcutOverride) {
+    const auto* key = static_cast<QKeyEvent*>(event);
+    for (const QAction* action : {undo_action_, redo_action_}) {
+      if (action->shortcuts().contains(QKeySequence(key->keyCombination()))) {
+        // Not taken by the field: the shortcut of this widget gets the key.
+        event->ignore();
+        return true;
+      }
+    }
+  }
+  return QWidget::eventFilter(watched, event);
 }
 
 void SIMPropertiesWidget::MarkInvalidSpots() {
@@ -125,6 +210,10 @@ void SIMPropertiesWidget::StepTab(int step) {
 }
 
 SIMPropertiesWidget::~SIMPropertiesWidget() {
+  // The history goes first: clearing it must not refresh views that are going.
+  disconnect(undo_recorder_->Stack(), nullptr, this, nullptr);
+  delete undo_recorder_;
+  delete strata_headings_;
   // The views watch the model: they go before it does.
   for (InvalidSpotMarker* marker : markers_) delete marker;
   delete outer_tabs_;
@@ -177,8 +266,17 @@ void SIMPropertiesWidget::SetProjectDatabase(std::shared_ptr<ProjectDatabase> da
   control_->SetProjectDatabase(std::move(database));
 }
 bool SIMPropertiesWidget::IsValid() { return control_->IsValid(); }
-void SIMPropertiesWidget::Initialize() { control_->Initialize(); }
-void SIMPropertiesWidget::ResetDefinition() { control_->ResetDefinition(); }
+// Undo goes back no further than the state the host set up.
+void SIMPropertiesWidget::Initialize() {
+  control_->Initialize();
+  undo_recorder_->Reset();
+  strata_headings_->Reload();
+}
+void SIMPropertiesWidget::ResetDefinition() {
+  control_->ResetDefinition();
+  undo_recorder_->Reset();
+  strata_headings_->Reload();
+}
 
 SIMProperties& SIMPropertiesWidget::Control() { return *control_; }
 QtPlatform& SIMPropertiesWidget::Platform() { return platform_; }

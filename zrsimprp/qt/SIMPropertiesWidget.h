@@ -9,7 +9,9 @@
 
 #include "zrsimprp/qt/QtPlatform.h"
 
+class QAction;
 class QScrollArea;
+class QUndoStack;
 class QStackedWidget;
 class QTabBar;
 
@@ -19,6 +21,8 @@ class ProjectDatabase;
 class SIMProperties;
 class TabControlBinder;
 class InvalidSpotMarker;
+class UndoRecorder;
+class StrataColumnHeadings;
 class CPagSimulationView;
 class CPagDensityView;
 class PopulationTabView;
@@ -47,6 +51,15 @@ class SIMPropertiesWidget : public QWidget {
   SIMProperties& Control();
   QtPlatform& Platform();
 
+  // Every step a person takes on the pages, back to the state after Initialize: each cell edit, each
+  // paste, clear or fill, each text typed into a field until it is left, each tick, option and list
+  // choice. Ctrl+Z undoes, Ctrl+Shift+Z and Ctrl+Y redo.
+  QUndoStack* UndoStack() const;
+  // The undo and redo actions (with the step's name, "Undo paste of 281 cells") and their keys, for a
+  // host's Edit menu.
+  QAction* UndoAction() const { return undo_action_; }
+  QAction* RedoAction() const { return redo_action_; }
+
   // A person's click on outer tab `index` (0-5) or inner tab `index` (1-2); the model may refuse.
   void ShowOuterTab(int index);
   void ShowInnerTab(int index);
@@ -73,6 +86,9 @@ class SIMPropertiesWidget : public QWidget {
   // checks as a click, wrapping round at the ends.
   void StepTab(int step);
 
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
  signals:
   // Something in the model changed; sent at most once per turn of the event loop per control.
   void ModelChanged();
@@ -80,6 +96,9 @@ class SIMPropertiesWidget : public QWidget {
   // accepted the move or not). Entering a page may rebuild what the page derives from the others.
   void TabSwitching();
   void TabSwitched();
+  // What a block action in a grid did ("Pasted 281 cells, skipped 2 that cannot be changed here."),
+  // for a host's status bar.
+  void StatusMessage(const QString& message);
 
  private:
   void BuildPages();
@@ -87,6 +106,9 @@ class SIMPropertiesWidget : public QWidget {
   void SetUpTabKeys();
   void ForwardModelChanges();
   void MarkInvalidSpots();
+  void SetUpUndo();
+  void FollowStrataHeadings();
+  void LinkMapToTable();
 
   QtPlatform platform_;
   std::unique_ptr<SIMProperties> control_;
@@ -100,6 +122,10 @@ class SIMPropertiesWidget : public QWidget {
   CPagAnalysesView* analyses_view_ = nullptr;
   CPagMiscView* misc_view_ = nullptr;
   std::vector<InvalidSpotMarker*> markers_;
+  UndoRecorder* undo_recorder_ = nullptr;
+  StrataColumnHeadings* strata_headings_ = nullptr;
+  QAction* undo_action_ = nullptr;
+  QAction* redo_action_ = nullptr;
 };
 
 }  // namespace zrsimprp

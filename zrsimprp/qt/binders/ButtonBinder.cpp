@@ -1,7 +1,7 @@
 #include "zrsimprp/qt/binders/ButtonBinder.h"
 
 #include "zrsimprp/qt/AccessibleText.h"
-#include "zrsimprp/qt/EventBoundary.h"
+#include "zrsimprp/qt/UndoRecorder.h"
 
 namespace zrsimprp {
 
@@ -25,7 +25,8 @@ void ButtonBinder::Mirror() {
 
 void ButtonBinder::OnClicked() {
   if (Mirroring()) return;
-  EventBoundary::Run(this, "Button_Click", [this] { button_.UserClick(); });
+  UndoRecorder::Run(this, "Button_Click", UndoRecorder::NameOf(push_button_),
+                    [this] { button_.UserClick(); });
   RefreshNow();
 }
 

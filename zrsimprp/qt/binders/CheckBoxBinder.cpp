@@ -1,7 +1,7 @@
 #include "zrsimprp/qt/binders/CheckBoxBinder.h"
 
 #include "zrsimprp/qt/AccessibleText.h"
-#include "zrsimprp/qt/EventBoundary.h"
+#include "zrsimprp/qt/UndoRecorder.h"
 
 namespace zrsimprp {
 
@@ -23,7 +23,9 @@ void CheckBoxBinder::Mirror() {
 
 void CheckBoxBinder::OnClicked() {
   if (Mirroring()) return;
-  EventBoundary::Run(this, "CheckBox_Click", [this] { check_box_.UserClick(); });
+  UndoRecorder::Run(this, "CheckBox_Click",
+                    QStringLiteral("tick of %1").arg(UndoRecorder::NameOf(widget_box_)),
+                    [this] { check_box_.UserClick(); });
   RefreshNow();
 }
 

@@ -2,7 +2,7 @@
 
 #include <QLineEdit>
 
-#include "zrsimprp/qt/EventBoundary.h"
+#include "zrsimprp/qt/UndoRecorder.h"
 #include "zrsimprp/qt/WheelGuard.h"
 
 namespace zrsimprp {
@@ -16,6 +16,7 @@ ComboBoxBinder::ComboBoxBinder(ComboBox& combo, QComboBox* widget)
     widget->setInsertPolicy(QComboBox::NoInsert);
     widget->setCompleter(nullptr);
     connect(widget->lineEdit(), &QLineEdit::textEdited, this, &ComboBoxBinder::OnTextEdited);
+    connect(widget->lineEdit(), &QLineEdit::editingFinished, this, [this] { UndoRecorder::EndTyping(this); });
   }
   connect(widget, qOverload<int>(&QComboBox::activated), this, &ComboBoxBinder::OnActivated);
   WheelGuard::Install(widget);
@@ -40,17 +41,26 @@ void ComboBoxBinder::Mirror() {
     if (widget_combo_->currentText() != text) widget_combo_->setEditText(text);
   }
   MirrorBackColor({QPalette::Base, QPalette::Button});
+  // The text field of an editable list is what a screen reader lands on: it carries the list's name.
+  if (QLineEdit* edit = widget_combo_->lineEdit()) {
+    if (edit->accessibleName() != widget_combo_->accessibleName())
+      edit->setAccessibleName(widget_combo_->accessibleName());
+  }
 }
 
 void ComboBoxBinder::OnActivated(int index) {
   if (Mirroring()) return;
-  EventBoundary::Run(this, "ComboBox_Click", [this, index] { combo_.UserSelect(index); });
+  UndoRecorder::Run(this, "ComboBox_Click",
+                    QStringLiteral("choice in %1").arg(UndoRecorder::NameOf(widget_combo_)),
+                    [this, index] { combo_.UserSelect(index); });
   RefreshNow();
 }
 
 void ComboBoxBinder::OnTextEdited(const QString& text) {
   if (Mirroring()) return;
-  EventBoundary::Run(this, "ComboBox_Change", [this, &text] { combo_.UserType(text.toStdString()); });
+  UndoRecorder::Run(
+      this, "ComboBox_Change", QStringLiteral("typing in %1").arg(UndoRecorder::NameOf(widget_combo_)),
+      [this, &text] { combo_.UserType(text.toStdString()); }, &combo_);
   RefreshNow();
 }
 

@@ -14,13 +14,16 @@ GridBinder::GridBinder(Grid& grid, GridView* view)
       grid_(grid),
       view_(view),
       model_(new GridTableModel(grid, view, this)),
-      text_widths_([view](const std::string& text) { return view->CellWidthFor(text); }) {
+      edit_actions_(new GridEditActions(grid, view)),
+      text_widths_([this](const std::string& text) { return TextWidth(text); }) {
   view->setModel(model_);
   view->SetCanEdit([this](int row, int col) {
     bool can_edit = false;
     EventBoundary::Run(this, "Grid_BeforeEdit", [&] { can_edit = grid_.UserCanEditCell(row, col); });
     return can_edit;
   });
+  // A heading wider than the page's label widens its column.
+  connect(model_, &GridTableModel::HeadingsChanged, this, [this] { ScheduleRefresh(); });
   connect(view->selectionModel(), &QItemSelectionModel::currentChanged, this,
           [this](const QModelIndex& current, const QModelIndex&) { OnCurrentChanged(current); });
   RefreshNow();
@@ -29,6 +32,8 @@ GridBinder::GridBinder(Grid& grid, GridView* view)
 void GridBinder::Mirror() {
   const bool shape_changed = model_->rowCount() != grid_.Rows() || model_->columnCount() != grid_.Cols();
   model_->Sync();
+  // Row captions stay in view while a wide table scrolls.
+  if (shape_changed) view_->SetFrozenFirstColumn(grid_.FixedCols() > 0);
   MirrorColumnWidths(shape_changed);
   MirrorCursor();
   view_->viewport()->update();
@@ -43,7 +48,20 @@ int GridBinder::WantedWidth(int col) const {
   } else if (col >= grid_.FixedCols()) {
     floor = view_->horizontalHeader()->defaultSectionSize();
   }
-  return std::max(floor, text_widths_.Width(col));
+  int heading = 0;
+  for (int row = 0; row < grid_.FixedRows(); ++row) {
+    if (const auto* shown = model_->HeadingAt(row, col)) heading = std::max(heading, TextWidth(shown->text));
+  }
+  return std::max({floor, text_widths_.Width(col), heading});
+}
+
+int GridBinder::TextWidth(const std::string& text) const {
+  // A pasted block repeats a few values over thousands of cells: each text is shaped once per font.
+  const auto known = measured_texts_.find(text);
+  if (known != measured_texts_.end()) return known->second;
+  const int width = view_->CellWidthFor(text);
+  measured_texts_.emplace(text, width);
+  return width;
 }
 
 void GridBinder::MirrorColumnWidths(bool shape_changed) {
@@ -83,6 +101,7 @@ bool GridBinder::eventFilter(QObject* watched, QEvent* event) {
   if (watched == view_ && (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)) {
     // Every text takes another width in the new font.
     text_widths_.Forget();
+    measured_texts_.clear();
     shown_widths_.clear();
     ScheduleRefresh();
   }

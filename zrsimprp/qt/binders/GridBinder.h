@@ -1,9 +1,12 @@
 #pragma once
 
+#include <string>
+#include <unordered_map>
 #include <vector>
 
 #include "zrsimprp/host/Grid.h"
 #include "zrsimprp/qt/binders/ControlBinder.h"
+#include "zrsimprp/qt/grid/GridEditActions.h"
 #include "zrsimprp/qt/grid/GridTableModel.h"
 #include "zrsimprp/qt/grid/GridTextWidths.h"
 #include "zrsimprp/qt/grid/GridView.h"
@@ -21,6 +24,8 @@ class GridBinder : public ControlBinder {
   GridBinder(Grid& grid, GridView* view);
 
   GridTableModel* Model() const { return model_; }
+  // Copy, paste, clear and fill on the view.
+  GridEditActions* EditActions() const { return edit_actions_; }
   // How many columns the last refresh measured the texts of (only those whose texts changed).
   int ColumnsMeasured() const { return text_widths_.Measured(); }
 
@@ -33,13 +38,16 @@ class GridBinder : public ControlBinder {
  private:
   void MirrorColumnWidths(bool shape_changed);
   int WantedWidth(int col) const;
+  int TextWidth(const std::string& text) const;
   void MirrorCursor();
   void OnCurrentChanged(const QModelIndex& current);
 
   Grid& grid_;
   GridView* view_;
   GridTableModel* model_;
+  GridEditActions* edit_actions_;
   GridTextWidths text_widths_;
+  mutable std::unordered_map<std::string, int> measured_texts_;
   std::vector<int> shown_widths_;
 };
 

@@ -1,7 +1,7 @@
 #include "zrsimprp/qt/binders/OptionGroupBinder.h"
 
 #include "zrsimprp/qt/AccessibleText.h"
-#include "zrsimprp/qt/EventBoundary.h"
+#include "zrsimprp/qt/UndoRecorder.h"
 #include "zrsimprp/qt/binders/ControlBinder.h"
 
 namespace zrsimprp {
@@ -31,7 +31,10 @@ void OptionGroupBinder::Refresh() {
 
 void OptionGroupBinder::OnClicked(int index) {
   if (Mirroring()) return;
-  EventBoundary::Run(this, "OptionButton_Click", [this, index] { group_.UserSelect(index); });
+  UndoRecorder::Run(
+      this, "OptionButton_Click",
+      QStringLiteral("choice of %1").arg(UndoRecorder::NameOf(radios_[static_cast<size_t>(index)])),
+      [this, index] { group_.UserSelect(index); });
   RefreshNow();
 }
 

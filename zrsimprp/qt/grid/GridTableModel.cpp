@@ -5,6 +5,7 @@
 #include "zrsimprp/host/Conversions.h"
 #include "zrsimprp/qt/EventBoundary.h"
 #include "zrsimprp/qt/PaletteColors.h"
+#include "zrsimprp/qt/UndoRecorder.h"
 #include "zrsimprp/qt/grid/GridCellColors.h"
 
 namespace zrsimprp {
@@ -61,9 +62,14 @@ QVariant GridTableModel::data(const QModelIndex& index, int role) const {
   const QPalette palette = palette_source_ != nullptr ? palette_source_->palette() : QApplication::palette();
   switch (role) {
     case Qt::DisplayRole:
-    case Qt::EditRole:
     case Qt::AccessibleTextRole:
+      if (const auto* heading = HeadingAt(row, col)) return QString::fromStdString(heading->text);
       return QString::fromStdString(grid_.TextMatrix(row, col));
+    case Qt::EditRole:
+      return QString::fromStdString(grid_.TextMatrix(row, col));
+    case Qt::ToolTipRole:
+      if (const auto* heading = HeadingAt(row, col)) return QString::fromStdString(heading->tooltip);
+      return QVariant();
     case Qt::BackgroundRole:
       if (const auto kind = KindOf(row, col)) return GridCellColors::For(*kind, palette).background;
       return PaletteColors::Background(grid_.CellBackColor(row, col), palette);
@@ -95,12 +101,32 @@ Qt::ItemFlags GridTableModel::flags(const QModelIndex& index) const {
 bool GridTableModel::setData(const QModelIndex& index, const QVariant& value, int role) {
   if (role != Qt::EditRole || !InGrid(index)) return false;
   bool accepted = false;
-  EventBoundary::Run(this, "Grid_AfterEdit", [&] {
+  UndoRecorder::Run(this, "Grid_AfterEdit", QStringLiteral("edit of a cell"), [&] {
     accepted = grid_.UserEditCell(index.row(), index.column(), value.toString().toStdString());
   });
   // Accepted or not, the cell shows what the grid holds now.
   emit dataChanged(index, index);
   return accepted;
+}
+
+void GridTableModel::SetColumnHeadings(int row, int first_col,
+                                       std::vector<StrataHeadings::Heading> headings) {
+  heading_row_ = row;
+  heading_first_col_ = first_col;
+  headings_ = std::move(headings);
+  if (rows_ > 0 && cols_ > 0) emit dataChanged(index(0, 0), index(rows_ - 1, cols_ - 1));
+  emit HeadingsChanged();
+}
+
+const StrataHeadings::Heading* GridTableModel::HeadingAt(int row, int col) const {
+  if (row != heading_row_ || col < heading_first_col_ || headings_.empty()) return nullptr;
+  if (static_cast<size_t>(grid_.Cols() - heading_first_col_) != headings_.size()) return nullptr;
+  if (row >= grid_.Rows() || col >= grid_.Cols()) return nullptr;
+  const auto& heading = headings_[static_cast<size_t>(col - heading_first_col_)];
+  // Pages name a stratum without a label by its place: only a cell that holds the label is renamed.
+  const std::string& text = grid_.TextMatrix(row, col);
+  if (text != heading.label && !heading.label.empty()) return nullptr;
+  return &heading;
 }
 
 void GridTableModel::Sync() {

@@ -4,7 +4,9 @@
 #include <QPointer>
 #include <QWidget>
 #include <optional>
+#include <vector>
 
+#include "zrsimprp/control/StrataHeadings.h"
 #include "zrsimprp/host/Grid.h"
 #include "zrsimprp/qt/grid/GridCellColors.h"
 
@@ -35,6 +37,16 @@ class GridTableModel : public QAbstractTableModel {
   // Brings the item model in step with the grid: a reset when its shape changed, else one repaint.
   void Sync();
 
+  // Strata headings shown in row `row` from column `first_col` on, with their tooltips, for as long
+  // as the grid's own texts there are the headings' labels (a grid of other strata shows its texts).
+  void SetColumnHeadings(int row, int first_col, std::vector<StrataHeadings::Heading> headings);
+  const std::vector<StrataHeadings::Heading>& Headings() const { return headings_; }
+  // The heading shown in cell (row, col), or null.
+  const StrataHeadings::Heading* HeadingAt(int row, int col) const;
+
+ signals:
+  void HeadingsChanged();
+
  private:
   bool InGrid(const QModelIndex& index) const;
   // Which of the kinds a person tells apart the cell is; none for a colour the page chose itself.
@@ -44,6 +56,9 @@ class GridTableModel : public QAbstractTableModel {
   QPointer<QWidget> palette_source_;
   int rows_ = 0;
   int cols_ = 0;
+  int heading_row_ = -1;
+  int heading_first_col_ = 0;
+  std::vector<StrataHeadings::Heading> headings_;
 };
 
 }  // namespace zrsimprp

@@ -18,7 +18,8 @@ GridView::GridView(QWidget* parent) : QTableView(parent) {
   verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 8);
   horizontalHeader()->setSectionResizeMode(QHeaderView::Interactive);
   horizontalHeader()->setDefaultSectionSize(72);
-  setSelectionMode(QAbstractItemView::SingleSelection);
+  // A block of cells is selected with Shift or a drag, to copy, clear or fill it.
+  setSelectionMode(QAbstractItemView::ContiguousSelection);
   setSelectionBehavior(QAbstractItemView::SelectItems);
   setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed |
                   QAbstractItemView::AnyKeyPressed);
@@ -31,9 +32,64 @@ GridView::GridView(QWidget* parent) : QTableView(parent) {
   policy.setHeightForWidth(true);
   setSizePolicy(policy);
   // A person dragging a column edge changes the content width.
-  connect(horizontalHeader(), &QHeaderView::sectionResized, this, [this] {
+  connect(horizontalHeader(), &QHeaderView::sectionResized, this, [this](int logical) {
+    if (logical == 0 && frozen_view_ != nullptr) SyncFrozenView();
     if (!resizing_columns_) FitToContents();
   });
+  connect(horizontalScrollBar(), &QScrollBar::valueChanged, this, &GridView::OnHorizontalScroll);
+}
+
+void GridView::SetFrozenFirstColumn(bool frozen) {
+  freeze_first_column_ = frozen;
+  if (!frozen) {
+    delete frozen_view_;
+    frozen_view_ = nullptr;
+    return;
+  }
+  if (frozen_view_ != nullptr) SyncFrozenView();
+  OnHorizontalScroll(horizontalScrollBar()->value());
+}
+
+void GridView::OnHorizontalScroll(int value) {
+  if (!freeze_first_column_ || model() == nullptr || model()->columnCount() < 2) return;
+  if (frozen_view_ == nullptr && value > 0) MakeFrozenView();
+  if (frozen_view_ != nullptr) frozen_view_->setVisible(value > 0);
+}
+
+void GridView::MakeFrozenView() {
+  frozen_view_ = new QTableView(this);
+  frozen_view_->setObjectName(QStringLiteral("frozenFirstColumn"));
+  // The copy is only drawn: the focus, the keys and the screen reader stay with the table itself.
+  frozen_view_->setFocusPolicy(Qt::NoFocus);
+  frozen_view_->setAccessibleName(accessibleName());
+  frozen_view_->setItemDelegate(new GridCellDelegate(frozen_view_));
+  frozen_view_->horizontalHeader()->hide();
+  frozen_view_->verticalHeader()->hide();
+  frozen_view_->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+  frozen_view_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  frozen_view_->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  frozen_view_->setFrameShape(QFrame::NoFrame);
+  frozen_view_->setEditTriggers(QAbstractItemView::NoEditTriggers);
+  frozen_view_->setModel(model());
+  frozen_view_->setSelectionModel(selectionModel());
+  connect(verticalScrollBar(), &QScrollBar::valueChanged, frozen_view_->verticalScrollBar(),
+          &QScrollBar::setValue);
+  connect(model(), &QAbstractItemModel::modelReset, frozen_view_, [this] { SyncFrozenView(); });
+  SyncFrozenView();
+}
+
+void GridView::SyncFrozenView() {
+  if (frozen_view_ == nullptr || model() == nullptr) return;
+  frozen_view_->verticalHeader()->setDefaultSectionSize(verticalHeader()->defaultSectionSize());
+  for (int col = 1; col < model()->columnCount(); ++col) frozen_view_->setColumnHidden(col, true);
+  frozen_view_->setColumnWidth(0, columnWidth(0));
+  frozen_view_->verticalScrollBar()->setValue(verticalScrollBar()->value());
+  PlaceFrozenView();
+}
+
+void GridView::PlaceFrozenView() {
+  if (frozen_view_ == nullptr) return;
+  frozen_view_->setGeometry(frameWidth(), frameWidth(), columnWidth(0) + 1, viewport()->height());
 }
 
 int GridView::CellWidthFor(const std::string& text) const {
@@ -99,6 +155,7 @@ QSize GridView::minimumSizeHint() const {
 
 void GridView::resizeEvent(QResizeEvent* event) {
   QTableView::resizeEvent(event);
+  PlaceFrozenView();
   // A narrower view may now need the horizontal scroll bar, and room for it below the rows.
   FitToContents();
 }
@@ -107,6 +164,7 @@ void GridView::changeEvent(QEvent* event) {
   QTableView::changeEvent(event);
   if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) {
     verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 8);
+    SyncFrozenView();
     FitToContents();
   }
 }
@@ -140,7 +198,9 @@ bool GridView::edit(const QModelIndex& index, EditTrigger trigger, QEvent* event
   if (WouldOpenEditor(index, trigger, event) && can_edit_ && !can_edit_(index.row(), index.column())) {
     return false;
   }
-  return QTableView::edit(index, trigger, event);
+  const bool opened = QTableView::edit(index, trigger, event);
+  if (opened && state() == EditingState) emit EditorOpened(indexWidget(index));
+  return opened;
 }
 
 }  // namespace zrsimprp

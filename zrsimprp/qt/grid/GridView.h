@@ -8,8 +8,8 @@
 
 namespace zrsimprp {
 
-// The table a grid is drawn in: no Qt headers (the grid's fixed cells are its headers), one cell
-// selected at a time, and an editor that opens only where the grid allows the edit. The view is as
+// The table a grid is drawn in: no Qt headers (the grid's fixed cells are its headers), one block of
+// cells selected at a time, and an editor that opens only where the grid allows the edit. The view is as
 // tall as its rows (up to kMaxVisibleRows, then it scrolls) and no wider than its columns, so that a
 // short table leaves no empty band and its last row is never cut off.
 class GridView : public QTableView {
@@ -34,11 +34,21 @@ class GridView : public QTableView {
   // Follows the content's size: the rows' height, the columns' width and the scroll bars they need.
   void FitToContents();
 
+  // Keeps the first column (the row captions) in view while the others scroll sideways. The frozen
+  // copy is made only once the table is scrolled, so a table that fits costs nothing.
+  void SetFrozenFirstColumn(bool frozen);
+  // The view drawn over the first column while it is frozen and the table scrolled; else null.
+  QTableView* FrozenColumnView() const { return frozen_view_; }
+
   // The rows' height, plus the horizontal scroll bar when the columns need more than `width`.
   bool hasHeightForWidth() const override { return true; }
   int heightForWidth(int width) const override;
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override;
+
+ signals:
+  // An editor opened in a cell (the block actions watch its keys).
+  void EditorOpened(QWidget* editor);
 
  protected:
   bool edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) override;
@@ -49,12 +59,18 @@ class GridView : public QTableView {
 
  private:
   bool WouldOpenEditor(const QModelIndex& index, EditTrigger trigger, QEvent* event) const;
+  void OnHorizontalScroll(int value);
+  void MakeFrozenView();
+  void SyncFrozenView();
+  void PlaceFrozenView();
   bool NeedsVerticalBar() const;
   bool NeedsHorizontalBar(int width) const;
   int ContentHeight(int width) const;
   int ContentWidth() const;
 
   CanEdit can_edit_;
+  bool freeze_first_column_ = false;
+  QTableView* frozen_view_ = nullptr;
   bool resizing_columns_ = false;
   int fitted_height_ = -1;
   int fitted_width_ = -1;

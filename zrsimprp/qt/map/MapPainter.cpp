@@ -103,6 +103,49 @@ void MapPainter::SetModel(std::shared_ptr<const MapModel> model) {
   if (model_ && model_->HasSurface()) surface_ = SurfaceImage(*model_);
 }
 
+void MapPainter::ZoomAbout(const QPointF& anchor, double factor) {
+  const double zoom = std::clamp(zoom_ * factor, 1.0, 1000.0);
+  if (zoom == zoom_) return;
+  // The point under the anchor keeps its place: the offset scales about the frame's centre.
+  const QPointF centre = map_frame_.center();
+  const QPointF from_centre = anchor - centre - offset_;
+  offset_ = anchor - centre - from_centre * (zoom / zoom_);
+  zoom_ = zoom;
+  if (zoom_ == 1) offset_ = QPointF();
+}
+
+void MapPainter::Pan(const QPointF& pixels) {
+  if (zoom_ == 1) return;
+  offset_ += pixels;
+}
+
+void MapPainter::ShowWholeRegion() {
+  zoom_ = 1;
+  offset_ = QPointF();
+}
+
+int MapPainter::StratumAt(const QPointF& at) const {
+  MapPoint point;
+  if (!MapPointAt(at, point)) return -1;
+  const QPointF mapped(point.x, point.y);
+  for (size_t i = 0; i < strata_paths_.size(); ++i) {
+    if (strata_paths_[i].contains(mapped)) return static_cast<int>(i);
+  }
+  return -1;
+}
+
+void MapPainter::PaintHighlight(QPainter& painter, const QPalette& palette) {
+  if (highlighted_ < 0 || static_cast<size_t>(highlighted_) >= strata_paths_.size()) return;
+  QPen pen(palette.color(QPalette::Highlight), 3);
+  pen.setCosmetic(true);
+  painter.save();
+  painter.setTransform(to_widget_, true);
+  painter.setPen(pen);
+  painter.setBrush(Qt::NoBrush);
+  painter.drawPath(strata_paths_[static_cast<size_t>(highlighted_)]);
+  painter.restore();
+}
+
 bool MapPainter::MapPointAt(const QPointF& at, MapPoint& point) const {
   if (!painted_map_ || !map_frame_.contains(at)) return false;
   bool invertible = false;
@@ -167,11 +210,23 @@ void MapPainter::Paint(QPainter& painter, const QRectF& whole, const QPalette& p
   to_widget_ = QTransform(scale, 0, 0, -scale, left - extent.min_x * scale, top + extent.max_y * scale);
   map_frame_ = QRectF(left, top, width * scale, height * scale);
   painted_map_ = true;
+  const bool whole_region = zoom_ == 1 && offset_.isNull();
+  if (!whole_region) {
+    const QPointF centre = map_frame_.center();
+    to_widget_ = to_widget_ * QTransform::fromTranslate(-centre.x(), -centre.y()) *
+                 QTransform::fromScale(zoom_, zoom_) *
+                 QTransform::fromTranslate(centre.x() + offset_.x(), centre.y() + offset_.y());
+  }
 
+  painter.save();
+  // A zoomed or moved map stays inside its frame, clear of the scale and the sentences.
+  if (!whole_region) painter.setClipRect(map_frame_);
   PaintSurface(painter);
   PaintStrata(painter, area, palette);
+  PaintHighlight(painter, palette);
   PaintLabels(painter, palette);
   PaintHotspots(painter, palette);
+  painter.restore();
   if (surface) {
     const qreal bar_height = std::max<qreal>(std::min<qreal>(80, frame.height()), map_frame_.height());
     const QRectF bar(frame.right() + kMargin, map_frame_.center().y() - bar_height / 2, kScaleWidth,
@@ -303,8 +358,10 @@ void MapPainter::PaintColourScale(QPainter& painter, const QRectF& bar, const QP
 void MapPainter::PaintScaleBar(QPainter& painter, const QRectF& frame, const QPalette& palette) {
   const double scale = std::abs(to_widget_.m11());
   if (!(scale > 0)) return;
-  const ScaleBar bar =
-      ScaleBar::Choose(1.0 / scale, std::min<qreal>(160, frame.width() * 0.6), model_->geographic);
+  const ScaleBar bar = ScaleBar::Choose(
+      1.0 / scale, std::min<qreal>(160, frame.width() * 0.6),
+      model_->geographic ? ScaleBar::Units::kDegrees
+                         : (model_->metres ? ScaleBar::Units::kMetres : ScaleBar::Units::kUnknown));
   if (bar.length <= 0) return;
   const qreal pixels = bar.length * scale;
   const qreal y = frame.top() + frame.height() - 3;

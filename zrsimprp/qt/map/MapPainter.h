@@ -38,12 +38,25 @@ class MapPainter {
     return painted_map_;
   }
 
+  // A person's view of the map: `zoom` 1 and no offset show the whole region; the offset (widget
+  // pixels) moves the zoomed map. Zooming keeps the map point under `anchor` where it is.
+  void ZoomAbout(const QPointF& anchor, double factor);
+  void Pan(const QPointF& pixels);
+  void ShowWholeRegion();
+  double Zoom() const { return zoom_; }
+  // The stratum (position in the model's strata) under a widget point of the last Paint, or -1.
+  int StratumAt(const QPointF& at) const;
+  // The stratum drawn outlined in the highlight colour; -1 for none.
+  void SetHighlighted(int stratum) { highlighted_ = stratum; }
+  int Highlighted() const { return highlighted_; }
+
  private:
   void PaintSurface(QPainter& painter);
   void PaintStrata(QPainter& painter, const QRectF& area, const QPalette& palette);
   void DrawStrata(QPainter& painter, const QPalette& palette);
   void PaintLabels(QPainter& painter, const QPalette& palette);
   void PaintHotspots(QPainter& painter, const QPalette& palette);
+  void PaintHighlight(QPainter& painter, const QPalette& palette);
   void PaintColourScale(QPainter& painter, const QRectF& bar, const QPalette& palette);
   void PaintScaleBar(QPainter& painter, const QRectF& frame, const QPalette& palette);
   // Returns the height the sentences took.
@@ -64,6 +77,9 @@ class MapPainter {
   QTransform to_widget_;  // map coordinates -> widget, from the last Paint
   QRectF map_frame_;
   bool painted_map_ = false;
+  double zoom_ = 1;
+  QPointF offset_;
+  int highlighted_ = -1;
 };
 
 }  // namespace zrsimprp

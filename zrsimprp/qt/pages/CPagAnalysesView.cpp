@@ -33,7 +33,7 @@ CPagAnalysesView::CPagAnalysesView(CPagAnalyses& page, QWidget* parent) : PageVi
   QComboBox* type = MakeComboBox(page.cboAnalysisType, QString(), frame);
   NameAfter(type_caption, type);
   inside->addLayout(Row({type_caption, type}));
-  GridView* models = MakeGrid(page.flxModels, QStringLiteral("Analyses"), frame);
+  GridView* models = MakeGrid(page.flxModels, QStringLiteral("flxModels"), QStringLiteral("Analyses"), frame);
   QWidget* buttons = MakeAddRemoveButtons(page.cmdAddModel, QStringLiteral("Add analysis"), page.cmdSubModel,
                                           QStringLiteral("Remove analysis"), frame);
   inside->addLayout(FillRow({models, buttons}));

@@ -8,6 +8,7 @@
 #include <QRadioButton>
 
 #include "zrsimprp/qt/AccessibleText.h"
+#include "zrsimprp/qt/binders/GridBinder.h"
 #include "zrsimprp/qt/grid/GridView.h"
 #include "zrsimprp/qt/map/DensityMapPanel.h"
 #include "zrsimprp/qt/map/MapBeside.h"
@@ -24,7 +25,8 @@ CPagDensityView::CPagDensityView(CPagDensity& page, QWidget* parent) : PageView(
 
   Chain(options[0]);
   Body()->addWidget(options[0]);
-  GridView* densities = MakeGrid(page.flxConstantDensity, option_name(0), this);
+  GridView* densities =
+      MakeGrid(page.flxConstantDensity, QStringLiteral("flxConstantDensity"), option_name(0), this);
   Body()->addLayout(FillRow({densities}, kIndent));
 
   Chain(options[1]);
@@ -48,10 +50,16 @@ CPagDensityView::CPagDensityView(CPagDensity& page, QWidget* parent) : PageView(
   Body()->addLayout(Row({spacing_caption, spacing}));
 
   Body()->addWidget(MakeCheckBox(page.chkHotspots, this));
-  GridView* hotspots = MakeGrid(page.flxHotspots, AccessibleText::FromCaption("Hotspots"), this);
+  GridView* hotspots = MakeGrid(page.flxHotspots, QStringLiteral("flxHotspots"),
+                                AccessibleText::FromCaption("Hotspots"), this);
   QWidget* buttons = MakeAddRemoveButtons(page.cmdAddHotspot, QStringLiteral("Add hotspot"),
                                           page.cmdSubHotspot, QStringLiteral("Remove hotspot"), this);
   Body()->addLayout(FillRow({hotspots, buttons}, kIndent));
+  // A pasted block longer than the table adds hotspots as the "+" button does, while it may.
+  if (auto* binder = hotspots->findChild<GridBinder*>()) {
+    CPagDensity& density = page;
+    binder->EditActions()->SetRowAdder([&density] { return density.cmdAddHotspot.UserClick(); });
+  }
   Finish();
 }
 

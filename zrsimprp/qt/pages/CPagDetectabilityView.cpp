@@ -20,8 +20,8 @@ CPagDetectabilityView::CPagDetectabilityView(CPagDetectability& page, QWidget* p
   NameAfter(model_caption, model);
   Body()->addLayout(Row({model_caption, model}));
   Body()->addWidget(MakeCheckBox(page.chkStratify, this));
-  Body()->addLayout(
-      FillRow({MakeGrid(page.flxDetect, QStringLiteral("Detection function parameters"), this)}));
+  Body()->addLayout(FillRow({MakeGrid(page.flxDetect, QStringLiteral("flxDetect"),
+                                      QStringLiteral("Detection function parameters"), this)}));
 
   QGroupBox* frame = MakeFrame(page.frmDetFunc, this);
   auto* inside = new QVBoxLayout(frame);

@@ -25,8 +25,9 @@ CPagPopulationCovarsView::CPagPopulationCovarsView(CPagPopulationCovars& page, Q
   QComboBox* law = MakeComboBox(page.cboDistribution, QString(), this);
   NameAfter(law_caption, law);
   Body()->addLayout(Row({law_caption, law}, kIndent));
-  Body()->addLayout(FillRow(
-      {MakeGrid(page.flxContinuousCov, QStringLiteral("Continuous covariate parameters"), this)}, kIndent));
+  Body()->addLayout(FillRow({MakeGrid(page.flxContinuousCov, QStringLiteral("flxContinuousCov"),
+                                      QStringLiteral("Continuous covariate parameters"), this)},
+                            kIndent));
 
   // The categorical covariate: include it, name it, its levels and their probabilities.
   Body()->addWidget(MakeCheckBox(page.chkCategoricalCov, this));
@@ -34,7 +35,8 @@ CPagPopulationCovarsView::CPagPopulationCovarsView(CPagPopulationCovars& page, Q
   QLineEdit* categorical_name = MakeTextBox(page.txtCategoricalCov, QString(), this);
   NameAfter(categorical_caption, categorical_name);
   Body()->addLayout(Row({categorical_caption, categorical_name}, kIndent));
-  GridView* levels = MakeGrid(page.flxCategoricalCov, QStringLiteral("Categorical covariate levels"), this);
+  GridView* levels = MakeGrid(page.flxCategoricalCov, QStringLiteral("flxCategoricalCov"),
+                              QStringLiteral("Categorical covariate levels"), this);
   QWidget* buttons = MakeAddRemoveButtons(page.cmdAddCovValue, QStringLiteral("Add level"),
                                           page.cmdSubCovValue, QStringLiteral("Remove level"), this);
   Body()->addLayout(FillRow({levels, buttons}, kIndent));

@@ -22,8 +22,8 @@ CPagPopulationDescriptionView::CPagPopulationDescriptionView(CPagPopulationDescr
     Chain(option);
     Body()->addWidget(option);
   }
-  Body()->addLayout(
-      FillRow({MakeGrid(page.flxN, AccessibleText::FromCaption(page.lalPopsize.Caption()), this)}));
+  Body()->addLayout(FillRow({MakeGrid(page.flxN, QStringLiteral("flxN"),
+                                      AccessibleText::FromCaption(page.lalPopsize.Caption()), this)}));
 
   Body()->addWidget(MakeHeader(page.lal, this));
   Body()->addWidget(MakeCheckBox(page.chkClusters, this));
@@ -38,11 +38,12 @@ CPagPopulationDescriptionView::CPagPopulationDescriptionView(CPagPopulationDescr
   Chain(laws[1]);
   inside->addWidget(laws[1]);
   inside->addLayout(Row({MakeComboBox(page.cboDistribution, law_name(1), frame)}, kIndent));
-  inside->addLayout(
-      FillRow({MakeGrid(page.flxClusterParam, QStringLiteral("Distribution parameters"), frame)}, kIndent));
+  inside->addLayout(FillRow({MakeGrid(page.flxClusterParam, QStringLiteral("flxClusterParam"),
+                                      QStringLiteral("Distribution parameters"), frame)},
+                            kIndent));
   Chain(laws[0]);
   inside->addWidget(laws[0]);
-  GridView* pmf = MakeGrid(page.flxClusterSize, law_name(0), frame);
+  GridView* pmf = MakeGrid(page.flxClusterSize, QStringLiteral("flxClusterSize"), law_name(0), frame);
   QWidget* buttons = MakeAddRemoveButtons(page.cmdAddSize, QStringLiteral("Add cluster size"),
                                           page.cmdSubSize, QStringLiteral("Remove cluster size"), frame);
   inside->addLayout(FillRow({pmf, buttons}, kIndent));

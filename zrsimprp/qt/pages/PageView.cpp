@@ -59,8 +59,9 @@ QComboBox* PageView::MakeComboBox(ComboBox& model, const QString& name, QWidget*
   return combo;
 }
 
-GridView* PageView::MakeGrid(Grid& model, const QString& name, QWidget* parent) {
+GridView* PageView::MakeGrid(Grid& model, const QString& object_name, const QString& name, QWidget* parent) {
   auto* view = new GridView(parent);
+  view->setObjectName(object_name);
   view->setAccessibleName(name);
   new GridBinder(model, view);
   Chain(view);
@@ -115,6 +116,10 @@ QWidget* PageView::MakeAddRemoveButtons(Button& add, const QString& add_name, Bu
 void PageView::NameAfter(QLabel* caption, QWidget* field) {
   caption->setBuddy(field);
   field->setAccessibleName(caption->accessibleName());
+  // An editable list's text field is where the focus lands: it has the same name.
+  if (auto* combo = qobject_cast<QComboBox*>(field); combo != nullptr && combo->lineEdit() != nullptr) {
+    combo->lineEdit()->setAccessibleName(caption->accessibleName());
+  }
 }
 
 QHBoxLayout* PageView::Row(std::initializer_list<QWidget*> widgets, int indent) {

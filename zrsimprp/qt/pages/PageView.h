@@ -49,7 +49,8 @@ class PageView : public QWidget {
   QLabel* MakeLabel(Label& model, QWidget* parent);
   QLineEdit* MakeTextBox(TextBox& model, const QString& name, QWidget* parent);
   QComboBox* MakeComboBox(ComboBox& model, const QString& name, QWidget* parent);
-  GridView* MakeGrid(Grid& model, const QString& name, QWidget* parent);
+  // `object_name` is the control's own name ("flxN"), the one a form designer gives the grid.
+  GridView* MakeGrid(Grid& model, const QString& object_name, const QString& name, QWidget* parent);
   QPushButton* MakeButton(Button& model, const QString& name, QWidget* parent);
   QCheckBox* MakeCheckBox(CheckBox& model, QWidget* parent);
   // Option buttons are not chained: the view chains each where it stands in the form.
