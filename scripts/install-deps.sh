@@ -9,6 +9,7 @@ packages=(
   clang-14 libclang-rt-14-dev clang-format-14
   libmuparser-dev
   fonts-dejavu-core xvfb xauth xdotool
+  at-spi2-core python3-pyatspi dbus-x11
   gdal-bin python3-gdal sqlite3 dpkg-dev
   python3
 )
