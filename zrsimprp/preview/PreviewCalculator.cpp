@@ -290,10 +290,10 @@ void PreviewCalculator::Sum(Preview& preview) {
                       "function reliably (60 to 80 is the usual minimum).";
   }
   if (preview.clusters && !(preview.mean_cluster_size > 0)) {
-    // The mean is handed over from the Population tab when a person leaves it (its values checked).
+    // The mean is read from the Population tab's cluster controls as they stand; 0 where they give none.
     preview.notes.push_back(
-        "Detections are of clusters; the mean cluster size is known once the Population tab's values are "
-        "checked (on leaving it), so the expected individuals are not worked out yet.");
+        "Detections are of clusters; the cluster values on the Population tab do not give a mean cluster "
+        "size above 0 as they stand, so the expected individuals are not worked out.");
   } else if (preview.clusters) {
     preview.notes.push_back(
         "Detections are of clusters; the expected individuals are the clusters detected "
