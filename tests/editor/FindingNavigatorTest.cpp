@@ -6,6 +6,8 @@
 
 #include "EditorFixture.h"
 #include "zrsim-editor/FindingNavigator.h"
+#include "zrsim-editor/LiveLint.h"
+#include "zrsim-editor/WarningsBar.h"
 #include "zrsimprp/control/SIMProperties.h"
 #include "zrsimprp/lint/Finding.h"
 #include "zrsimprp/qt/grid/GridView.h"
@@ -57,6 +59,23 @@ TEST_F(FindingNavigatorTest, AStratumFindingSelectsTheFirstStratumsCellAsAClickW
   EXPECT_EQ(view->currentIndex().row(), 1);
   EXPECT_EQ(view->currentIndex().column(), grid.FixedCols() + 1);
   EXPECT_EQ(grid.TextMatrix(1, grid.FixedCols() + 1), "1.5");
+}
+
+TEST_F(FindingNavigatorTest, ClickingTheLintsZeroDensityWarningSelectsTheStratumsCell) {
+  ShowActive();
+  zrsimprp::Grid& grid = Control().pagDensity.flxConstantDensity;
+  window_->Properties().ShowOuterTab(1);
+  ASSERT_TRUE(grid.UserEditCell(1, grid.FixedCols() + 1, "0"));
+  ASSERT_TRUE(grid.UserSelectCell(1, grid.FixedCols()));
+  window_->Properties().RefreshNow();
+  ASSERT_TRUE(QTest::qWaitFor([this] { return window_->Warnings().FindingCount() == 1; }, 5000))
+      << window_->Warnings().Text().toStdString();
+  ASSERT_NE(window_->Warnings().Text().indexOf("ZR601"), -1) << window_->Warnings().Text().toStdString();
+  window_->Properties().ShowOuterTab(0);
+  window_->Warnings().Activate(0);
+  EXPECT_EQ(window_->Properties().CurrentOuterTab(), 1);
+  EXPECT_EQ(grid.Row(), 1);
+  EXPECT_EQ(grid.Col(), grid.FixedCols() + 1);
 }
 
 TEST_F(FindingNavigatorTest, AHotspotFindingSelectsTheHotspotsRow) {
