@@ -1,11 +1,19 @@
 #include "zrsim-editor/FindingNavigator.h"
 
+#include <QRadioButton>
+#include <algorithm>
 #include <map>
+#include <optional>
 #include <string>
 
 #include "zrsimprp/control/PageTable.h"
 #include "zrsimprp/control/SIMProperties.h"
+#include "zrsimprp/host/Conversions.h"
+#include "zrsimprp/host/Grid.h"
+#include "zrsimprp/lint/Finding.h"
 #include "zrsimprp/qt/binders/ControlBinder.h"
+#include "zrsimprp/qt/binders/GridBinder.h"
+#include "zrsimprp/qt/binders/OptionGroupBinder.h"
 
 namespace zrsim_editor {
 
@@ -76,6 +84,65 @@ int InnerPosition(const zrsimprp::PageEntry& page) {
   return 0;
 }
 
+// The row whose caption (first column) is `caption`, as the Detectability page names its parameters;
+// -1 when there is none.
+int RowCaptioned(const zrsimprp::Grid& grid, const std::string& caption) {
+  for (int row = grid.FixedRows(); row < grid.Rows(); ++row) {
+    if (zrsimprp::TextEquals(std::string(zrsimprp::TrimBlanks(grid.TextMatrix(row, 0))), caption)) return row;
+  }
+  return -1;
+}
+
+// The cell of the grid a finding concerns: a hotspot's row, a parameter's row, and the column of the
+// first stratum it names. False when it concerns no cell in particular or the cell is not there.
+bool CellOf(const zrsimprp::Grid& grid, const zrsimprp::Finding& finding, int& row, int& col) {
+  row = grid.FixedRows();
+  col = grid.FixedCols();
+  bool concerned = false;
+  if (finding.place_kind == "hotspot") {
+    // Hotspot 1 is the first row under the headings.
+    const std::optional<double> number = zrsimprp::FiniteNumber(finding.place);
+    if (!number || *number < 1) return false;
+    row = grid.FixedRows() + static_cast<int>(*number) - 1;
+    concerned = true;
+  } else if (finding.place_kind == "parameter") {
+    row = RowCaptioned(grid, finding.place);
+    if (row < 0) return false;
+    concerned = true;
+  }
+  if (!finding.strata.empty()) {
+    col = grid.FixedCols() + static_cast<int>(finding.strata.front().index);
+    concerned = true;
+  }
+  return concerned && row < grid.Rows() && col < grid.Cols();
+}
+
+// Moves the grid's cursor as a person's click on the cell would: the view's current cell changes and
+// its binder hands that to the grid's own selection, so the page reacts as it does to a click.
+void SelectCell(zrsimprp::GridBinder& binder, const zrsimprp::Grid& grid, const zrsimprp::Finding& finding) {
+  int row = 0;
+  int col = 0;
+  if (!CellOf(grid, finding, row, col)) return;
+  binder.RefreshNow();  // the view holds the grid's shape as it is now
+  auto* view = qobject_cast<zrsimprp::GridView*>(binder.Widget());
+  if (view == nullptr || view->model() == nullptr) return;
+  const QModelIndex cell = view->model()->index(row, col);
+  if (!cell.isValid()) return;
+  view->setCurrentIndex(cell);
+  view->scrollTo(cell);
+}
+
+// The option group's selected button (the first when none is on) takes the focus.
+bool FocusOption(zrsimprp::SIMPropertiesWidget& properties, const zrsimprp::Control* wanted) {
+  for (zrsimprp::OptionGroupBinder* binder : properties.findChildren<zrsimprp::OptionGroupBinder*>()) {
+    if (&binder->Group() != wanted) continue;
+    const int selected = std::max(binder->Group().Selected(), 0);
+    if (QRadioButton* radio = binder->Radio(selected)) radio->setFocus(Qt::OtherFocusReason);
+    return true;
+  }
+  return false;
+}
+
 }  // namespace
 
 bool FindingNavigator::GoTo(zrsimprp::SIMPropertiesWidget& properties, const zrsimprp::Finding& finding) {
@@ -88,8 +155,12 @@ bool FindingNavigator::GoTo(zrsimprp::SIMPropertiesWidget& properties, const zrs
   const auto control = Controls().find(finding.control);
   if (control == Controls().end()) return true;
   const zrsimprp::Control* wanted = &control->second(properties.Control());
+  if (FocusOption(properties, wanted)) return true;
   for (zrsimprp::ControlBinder* binder : properties.findChildren<zrsimprp::ControlBinder*>()) {
     if (&binder->Model() == wanted && binder->Widget() != nullptr) {
+      if (auto* grid = qobject_cast<zrsimprp::GridBinder*>(binder)) {
+        SelectCell(*grid, static_cast<const zrsimprp::Grid&>(*wanted), finding);
+      }
       binder->Widget()->setFocus(Qt::OtherFocusReason);
       break;
     }

@@ -4,6 +4,9 @@
 
 #include "EditorFixture.h"
 #include "zrsim-editor/PreviewBeside.h"
+#include "zrsimprp/control/SIMProperties.h"
+#include "zrsimprp/qt/binders/GridBinder.h"
+#include "zrsimprp/qt/grid/GridView.h"
 #include "zrsimprp/qt/map/MapCanvas.h"
 #include "zrsimprp/qt/map/PreviewPanel.h"
 
@@ -30,6 +33,45 @@ TEST_F(EditorPreviewTest, OpeningThePreviewShowsTheSamplesExpectedDetections) {
   EXPECT_EQ(panel->Current()->strata.size(), 3u);
   window_->Preview().Toggle()->click();
   EXPECT_FALSE(panel->isVisibleTo(window_.get()));
+}
+
+// Types into a cell of the grid's view, as a person's edit reaches the grid.
+void TypeInCell(QWidget& root, const zrsimprp::Grid& grid, int row, int col, const QString& text) {
+  for (zrsimprp::GridBinder* binder : root.findChildren<zrsimprp::GridBinder*>()) {
+    if (&static_cast<zrsimprp::ControlBinder*>(binder)->Model() != &grid) continue;
+    auto* view = qobject_cast<zrsimprp::GridView*>(binder->Widget());
+    ASSERT_NE(view, nullptr);
+    ASSERT_TRUE(view->model()->setData(view->model()->index(row, col), text, Qt::EditRole));
+    return;
+  }
+  FAIL() << "no view shows the grid";
+}
+
+TEST_F(EditorPreviewTest, TheMeanClusterSizeReachesThePreviewWithoutLeavingThePopulationTab) {
+  OpenWindow();
+  zrsimprp::SIMPropertiesWidget& properties = window_->Properties();
+  properties.ShowOuterTab(2);
+  properties.ShowInnerTab(1);
+  ASSERT_EQ(properties.CurrentOuterTab(), 2);
+  window_->Preview().SetPreviewShown(true);
+  zrsimprp::PreviewPanel* panel = window_->Preview().Panel();
+  ASSERT_NE(panel, nullptr);
+  panel->RecomputeNow();
+  ASSERT_TRUE(panel->Current() && panel->Current()->Usable());
+  // The sample's clusters: Poisson with lambda 3.
+  const auto clusters_of = [panel] {
+    return panel->Current()->expected_individuals / panel->Current()->expected_detections;
+  };
+  EXPECT_NEAR(clusters_of(), 3, 1e-9);
+  const double individuals = panel->Current()->expected_individuals;
+  TypeInCell(properties, properties.Control().pagPopulation.flxClusterParam, 1, 1, "6");
+  ASSERT_EQ(properties.Control().pagPopulation.flxClusterParam.TextMatrix(1, 1), "6");
+  // The window is not shown, so the panel recomputes when asked.
+  panel->RecomputeNow();
+  EXPECT_NE(panel->Current()->expected_individuals, individuals);
+  EXPECT_NEAR(clusters_of(), 6, 1e-9);
+  EXPECT_EQ(properties.CurrentOuterTab(), 2);
+  EXPECT_EQ(properties.CurrentInnerTab(), 1);
 }
 
 TEST_F(EditorPreviewTest, LookingAtThePreviewLeavesTheDefinitionUnchanged) {

@@ -184,6 +184,56 @@ TEST(StrataLint, AHazardRateCurveThatFallsWithinTheTruncationIsNoFinding) {
   EXPECT_TRUE(findings.empty()) << Describe(findings);
 }
 
+TEST(StrataLint, EachStratumsScaleIsPairedWithItsOwnShape) {
+  // T1's shape 3 keeps its curve above 0.99 at 200; T2 and T3 have the same scale but a shape of 1.
+  const std::vector<Finding> findings =
+      Lint(TractsProject(3),
+           TractsDefinition({"Detectability=\"Hazard Rate\" /ParamByStratum=True;",
+                             "DetFuncParam=\"\" /Scale=400,400,400;", "DetFuncParam=\"\" /Shape=3,1,1;"}));
+  const Finding finding = Only(findings, lint_code::kDetectionTooHigh);
+  EXPECT_EQ(finding.sentence,
+            "With the scale 400 and shape 3 of the Hazard Rate detection function in stratum 'T1', the "
+            "detection probability at the design's truncation distance 200 is still 0.9997, so almost every "
+            "animal within it is detected; give a smaller scale or check the design's truncation distance.");
+  ASSERT_EQ(finding.strata.size(), 1u);
+  EXPECT_EQ(finding.strata[0].index, 0u);
+  EXPECT_EQ(finding.strata[0].name, "T1");
+  EXPECT_EQ(finding.place, "Scale");
+}
+
+TEST(StrataLint, StrataThatSeeAlmostNothingAreOneFindingNamingThem) {
+  const std::vector<Finding> findings =
+      Lint(TractsProject(3), TractsDefinition({"Detectability=Half-Normal /ParamByStratum=True;",
+                                               "DetFuncParam=\"\" /Scale=5,60,4;"}));
+  const Finding finding = Only(findings, lint_code::kDetectionTooLow);
+  EXPECT_EQ(finding.sentence,
+            "With the scales of the Half-Normal detection function in 2 strata ('T1' and 'T3') and the "
+            "design's truncation distance 200, the average detection probability within the truncation "
+            "distance is at most 0.031, so almost no animals will be detected; give a larger scale or check "
+            "the design's truncation distance.");
+  ASSERT_EQ(finding.strata.size(), 2u);
+  EXPECT_EQ(finding.strata[0].name, "T1");
+  EXPECT_EQ(finding.strata[1].name, "T3");
+  EXPECT_EQ(finding.control, "flxDetect");
+}
+
+TEST(StrataLint, ManyStrataWithTheSameLowScaleAreNamedFiveThenCounted) {
+  std::string scales = "5";
+  for (int i = 1; i < 8; ++i) scales += ",5";
+  const std::vector<Finding> findings =
+      Lint(TractsProject(8), TractsDefinition({"Density=Uniform /Densities=1,1,1,1,1,1,1,1 /GridSpace=100;",
+                                               "PopSize=\"Fixed N\" /Values=1,1,1,1,1,1,1,1;",
+                                               "Detectability=Half-Normal /ParamByStratum=True;",
+                                               "DetFuncParam=\"\" /Scale=" + scales + ";"}));
+  const Finding finding = Only(findings, lint_code::kDetectionTooLow);
+  EXPECT_EQ(finding.sentence,
+            "With the scale 5 of the Half-Normal detection function in 8 strata ('T1', 'T2', 'T3', 'T4', "
+            "'T5' and 3 more) and the design's truncation distance 200, the average detection probability "
+            "within the truncation distance is 0.031, so almost no animals will be detected; give a larger "
+            "scale or check the design's truncation distance.");
+  EXPECT_EQ(finding.strata.size(), 8u);
+}
+
 TEST(StrataLint, ValuesForFewerStrataThanTheLayerHasAreOneFindingPerEntry) {
   // The sample's values on a layer of 281 tracts.
   const std::vector<Finding> findings =

@@ -102,8 +102,8 @@ TEST(PreviewCalculator, ClustersWithoutAMeanSizeYetLeaveTheIndividualsUnknown) {
   EXPECT_GT(preview.expected_detections, 0);
   EXPECT_TRUE(std::isnan(preview.expected_individuals));
   EXPECT_EQ(preview.notes.back(),
-            "Detections are of clusters; the mean cluster size is known once the Population tab's values are "
-            "checked (on leaving it), so the expected individuals are not worked out yet.");
+            "Detections are of clusters; the cluster values on the Population tab do not give a mean cluster "
+            "size above 0 as they stand, so the expected individuals are not worked out.");
 }
 
 TEST(PreviewCalculator, FewDetectionsGiveTheWarning) {

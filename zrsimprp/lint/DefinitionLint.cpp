@@ -451,6 +451,8 @@ void DefinitionLint::CheckContinuous(const DefinitionEntry& entry) {
 void DefinitionLint::CheckDetectability(const DefinitionEntry& entry) {
   read_.detection_function = TextEquals(entry.value, "Hazard Rate") ? "Hazard Rate" : "Half-Normal";
   read_.values.detection_function = read_.detection_function;
+  // As the page reads it: only "True" gives each stratum its own parameters.
+  read_.values.by_stratum = entry.field_count >= 1 && TextEquals(FieldValue(entry, 0), "True");
 }
 
 void DefinitionLint::CheckDetFuncParam(const DefinitionEntry& entry) {

@@ -275,49 +275,107 @@ void StrataLint::CheckGrid(const StrataGeometry& geometry) {
   SetStrata(finding, std::move(concerned));
 }
 
+// The column's scale and, with the Hazard Rate, its own shape; false when either is not usable (not a
+// number or not above 0: reported already).
+bool StrataLint::ColumnParameters(std::size_t column, bool hazard, DetectionColumn& parameters) const {
+  if (column >= values_.scales.size()) return false;
+  const std::optional<double> scale = Positive(values_.scales[column]);
+  if (!scale) return false;
+  parameters.column = column;
+  parameters.scale = *scale;
+  parameters.text = "the scale " + Shown(values_.scales[column]);
+  if (!hazard) return true;
+  if (column >= values_.shapes.size()) return false;
+  const std::optional<double> shape = Positive(values_.shapes[column]);
+  if (!shape) return false;
+  parameters.shape = shape;
+  parameters.text += " and shape " + Shown(values_.shapes[column]);
+  return true;
+}
+
 void StrataLint::CheckDetection() {
   if (values_.scales.empty() || values_.design.empty()) return;
   const std::optional<double> truncation = Positive(facts_.DistancesOfDesign(values_.design).truncation);
   if (!truncation) return;
   const bool hazard = TextEquals(values_.detection_function, "Hazard Rate");
-  std::optional<double> shape;
-  if (hazard) {
-    if (values_.shapes.empty() || !(shape = Positive(values_.shapes.front()))) return;
+  // Each value column (the study area, or one stratum each) has its own scale and shape.
+  std::vector<DetectionColumn> low;
+  std::vector<DetectionColumn> high;
+  for (std::size_t column = 0; column < values_.scales.size(); ++column) {
+    DetectionColumn parameters;
+    if (!ColumnParameters(column, hazard, parameters)) continue;
+    parameters.average = AverageDetection(parameters.scale, parameters.shape, *truncation);
+    if (parameters.average < kLowDetection) {
+      low.push_back(parameters);
+    } else if (hazard) {
+      parameters.at_truncation = HazardRateAt(*truncation, parameters.scale, *parameters.shape);
+      if (parameters.at_truncation > kHighDetection) high.push_back(parameters);
+    }
   }
+  const std::string function = hazard ? "Hazard Rate" : "Half-Normal";
   const std::string distance = MapNumber::Text(*truncation, 6);
-  for (const std::string& text : values_.scales) {
-    const std::optional<double> scale = Positive(text);
-    if (!scale) continue;
-    const std::string function = hazard ? "Hazard Rate" : "Half-Normal";
-    const std::string parameters =
-        hazard ? "the scale " + Shown(text) + " and shape " + Shown(values_.shapes.front()) + " of the "
-               : "the scale " + Shown(text) + " of the ";
-    const double average = AverageDetection(*scale, shape, *truncation);
-    if (average < kLowDetection) {
-      Finding& finding =
-          Add(lint_code::kDetectionTooLow, entry_key::kDetFuncParam, "Scale", values_.scale_line,
-              "With " + parameters + function + " detection function and the design's truncation distance " +
-                  distance + ", the average detection probability within the truncation distance is " +
-                  MapNumber::Text(average, 2) +
-                  ", so almost no animals will be detected; give a larger scale or check the design's "
-                  "truncation distance.");
-      finding.place_kind = "parameter";
-      finding.place = "Scale";
-      return;
-    }
-    if (hazard && HazardRateAt(*truncation, *scale, *shape) > kHighDetection) {
-      Finding& finding =
-          Add(lint_code::kDetectionTooHigh, entry_key::kDetFuncParam, "Scale", values_.scale_line,
-              "With " + parameters + function + " detection function, the detection probability at the " +
-                  "design's truncation distance " + distance + " is still " +
-                  MapNumber::Text(HazardRateAt(*truncation, *scale, *shape), 4) +
-                  ", so almost every animal within it is detected; give a smaller scale or check the "
-                  "design's truncation distance.");
-      finding.place_kind = "parameter";
-      finding.place = "Scale";
-      return;
-    }
+  if (!low.empty()) {
+    double largest = 0;
+    for (const DetectionColumn& column : low) largest = std::max(largest, column.average);
+    Finding& finding =
+        Add(lint_code::kDetectionTooLow, entry_key::kDetFuncParam, "Scale", values_.scale_line,
+            "With " + ParametersPhrase(low, hazard) + " of the " + function + " detection function" +
+                StrataConcerned(low) + " and the design's truncation distance " + distance +
+                ", the average detection probability within the truncation distance is " +
+                (SameParameters(low) ? "" : "at most ") + MapNumber::Text(largest, 2) +
+                ", so almost no animals will be detected; give a larger scale or check the design's "
+                "truncation distance.");
+    finding.place_kind = "parameter";
+    finding.place = "Scale";
+    SetColumnStrata(finding, low);
   }
+  if (!high.empty()) {
+    double smallest = 1;
+    for (const DetectionColumn& column : high) smallest = std::min(smallest, column.at_truncation);
+    Finding& finding =
+        Add(lint_code::kDetectionTooHigh, entry_key::kDetFuncParam, "Scale", values_.scale_line,
+            "With " + ParametersPhrase(high, hazard) + " of the " + function + " detection function" +
+                StrataConcerned(high) + ", the detection probability at the design's truncation distance " +
+                distance + " is still " + (SameParameters(high) ? "" : "at least ") +
+                MapNumber::Text(smallest, 4) +
+                ", so almost every animal within it is detected; give a smaller scale or check the "
+                "design's truncation distance.");
+    finding.place_kind = "parameter";
+    finding.place = "Scale";
+    SetColumnStrata(finding, high);
+  }
+}
+
+bool StrataLint::SameParameters(const std::vector<DetectionColumn>& columns) {
+  for (const DetectionColumn& column : columns) {
+    if (column.text != columns.front().text) return false;
+  }
+  return true;
+}
+
+// "the scale 5", or "the scales" where the strata concerned have different values.
+std::string StrataLint::ParametersPhrase(const std::vector<DetectionColumn>& columns, bool hazard) {
+  if (SameParameters(columns)) return columns.front().text;
+  return hazard ? "the scales and shapes" : "the scales";
+}
+
+// " in stratum 'T2'" or " in 3 strata ('T1', 'T2' and 'T3')" where each stratum has its own parameters;
+// "" for the study area's one column.
+std::string StrataLint::StrataConcerned(const std::vector<DetectionColumn>& columns) {
+  if (!values_.by_stratum) return "";
+  return " in " + StrataPhrase(StrataAt(ColumnIndices(columns)));
+}
+
+std::vector<std::size_t> StrataLint::ColumnIndices(const std::vector<DetectionColumn>& columns) {
+  std::vector<std::size_t> indices;
+  indices.reserve(columns.size());
+  for (const DetectionColumn& column : columns) indices.push_back(column.column);
+  return indices;
+}
+
+void StrataLint::SetColumnStrata(Finding& finding, const std::vector<DetectionColumn>& columns) {
+  // One column for the study area concerns no stratum in particular; the place stays the Scale row.
+  if (values_.by_stratum) finding.strata = StrataAt(ColumnIndices(columns));
 }
 
 }  // namespace zrsimprp

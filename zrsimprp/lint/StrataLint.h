@@ -42,6 +42,7 @@ class StrataLint {
     std::vector<std::string> scales;
     int scale_line = 0;
     std::vector<std::string> shapes;
+    bool by_stratum = false;  // one scale and shape per stratum, else one for the study area
   };
 
   // A stratum list in a sentence names at most this many, then "and N more".
@@ -73,6 +74,22 @@ class StrataLint {
   void CheckHotspots(const StrataGeometry& geometry);
   void CheckGrid(const StrataGeometry& geometry);
   void CheckDetection();
+
+  // One value column's detection parameters and what they give within the truncation distance.
+  struct DetectionColumn {
+    std::size_t column = 0;
+    double scale = 0;
+    std::optional<double> shape;
+    std::string text;  // "the scale 5 and shape 3"
+    double average = 0;
+    double at_truncation = 0;
+  };
+  bool ColumnParameters(std::size_t column, bool hazard, DetectionColumn& parameters) const;
+  static std::string ParametersPhrase(const std::vector<DetectionColumn>& columns, bool hazard);
+  std::string StrataConcerned(const std::vector<DetectionColumn>& columns);
+  void SetColumnStrata(Finding& finding, const std::vector<DetectionColumn>& columns);
+  static bool SameParameters(const std::vector<DetectionColumn>& columns);
+  static std::vector<std::size_t> ColumnIndices(const std::vector<DetectionColumn>& columns);
 
   std::vector<FindingStratum> StrataAt(const std::vector<std::size_t>& indices);
   std::string StratumName(std::size_t index);

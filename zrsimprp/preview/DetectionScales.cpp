@@ -29,7 +29,8 @@ class CellReader {
       return std::nullopt;
     }
     const std::vector<std::string>& cells = inputs_.parameters[*row];
-    const std::string text = column_ < cells.size() ? cells[column_] : std::string();
+    static const std::string kBlank;
+    const std::string& text = column_ < cells.size() ? cells[column_] : kBlank;
     const auto cell = [&]() { return "The " + inputs_.parameter_names[*row] + " for '" + Heading() + "'"; };
     if (TrimBlanks(text).empty()) {
       problem = cell() + " is blank" + kCannotDraw;
@@ -121,9 +122,11 @@ ColumnDetection DetectionScales::Read(const PreviewInputs& inputs, size_t column
     if (!beta) return result;
     predictor += *beta * inputs.mean_cov;
   }
-  std::vector<std::string> levels = inputs.levels;
-  const bool by_level = !levels.empty();
-  if (!by_level) levels.push_back("");
+  static const std::vector<std::string> kNoLevel{""};
+  const bool by_level = !inputs.levels.empty();
+  const std::vector<std::string>& levels = by_level ? inputs.levels : kNoLevel;
+  result.labels.reserve(levels.size());
+  result.functions.reserve(levels.size());
   for (const std::string& level : levels) {
     double level_predictor = predictor;
     if (by_level) {

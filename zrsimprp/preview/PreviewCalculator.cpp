@@ -18,11 +18,13 @@ namespace zrsimprp {
 namespace {
 
 double TwiceSignedArea(const std::vector<MapPoint>& ring) {
+  if (ring.empty()) return 0;
+  // Each edge from the previous vertex, starting with the closing one: no division per vertex.
   double sum = 0;
-  for (size_t i = 0; i < ring.size(); ++i) {
-    const MapPoint& a = ring[i];
-    const MapPoint& b = ring[(i + 1) % ring.size()];
-    sum += a.x * b.y - b.x * a.y;
+  const MapPoint* a = &ring.back();
+  for (const MapPoint& b : ring) {
+    sum += a->x * b.y - b.x * a->y;
+    a = &b;
   }
   return sum;
 }
@@ -81,11 +83,13 @@ Preview PreviewCalculator::Compute(const PreviewInputs& inputs, const MapModel* 
   // Each value column is read once, for its curves and for the strata that use it.
   std::vector<ColumnDetection> columns;
   const size_t column_count = std::max<size_t>(inputs.detection_columns.size(), 1);
+  columns.reserve(column_count);  // thousands of strata columns: no moves of the ones read
   for (size_t c = 0; c < column_count; ++c) columns.push_back(DetectionScales::Read(inputs, c));
   if (design) {
     // Strata that share their parameters share the integral.
     AverageCache cache;
     for (ColumnDetection& column : columns) {
+      column.averages.reserve(column.functions.size());
       for (const DetectionFunction& function : column.functions) {
         column.averages.push_back(cache.Of(function, preview.truncation));
       }
@@ -131,6 +135,9 @@ bool PreviewCalculator::ReadDesign(const PreviewInputs& inputs, Preview& preview
 void PreviewCalculator::ReadCurves(const PreviewInputs& inputs, const std::vector<ColumnDetection>& columns,
                                    Preview& preview) {
   const double w = preview.truncation;
+  size_t count = 0;
+  for (const ColumnDetection& column : columns) count += std::max<size_t>(column.functions.size(), 1);
+  preview.curves.reserve(count);
   for (size_t c = 0; c < columns.size(); ++c) {
     const ColumnDetection& column = columns[c];
     if (!column.problem.empty()) {
@@ -224,10 +231,11 @@ bool PreviewCalculator::ReadPopulation(const PreviewInputs& inputs, Preview& pre
       stratum.animals = surface_sums[s];
       continue;
     }
-    const std::string text = s < inputs.population_values.size() ? inputs.population_values[s] : "";
+    static const std::string kNone;
+    const std::string& text = s < inputs.population_values.size() ? inputs.population_values[s] : kNone;
     const std::optional<double> value = FiniteNumber(text);
-    const std::string cell = std::string(fixed_n ? "N" : "D") + " of stratum '" + stratum.name + "'";
     if (!value || *value < 0) {
+      const std::string cell = std::string(fixed_n ? "N" : "D") + " of stratum '" + stratum.name + "'";
       preview.refusal = "The " + cell + " ('" + text +
                         "') is not a number of 0 or more, so the population cannot be previewed.";
       return false;
@@ -290,10 +298,10 @@ void PreviewCalculator::Sum(Preview& preview) {
                       "function reliably (60 to 80 is the usual minimum).";
   }
   if (preview.clusters && !(preview.mean_cluster_size > 0)) {
-    // The mean is handed over from the Population tab when a person leaves it (its values checked).
+    // The mean is read from the Population tab's cluster controls as they stand; 0 where they give none.
     preview.notes.push_back(
-        "Detections are of clusters; the mean cluster size is known once the Population tab's values are "
-        "checked (on leaving it), so the expected individuals are not worked out yet.");
+        "Detections are of clusters; the cluster values on the Population tab do not give a mean cluster "
+        "size above 0 as they stand, so the expected individuals are not worked out.");
   } else if (preview.clusters) {
     preview.notes.push_back(
         "Detections are of clusters; the expected individuals are the clusters detected "

@@ -33,7 +33,7 @@ struct PreviewInputs {
   std::string population_size;
   std::vector<std::string> population_values;
   bool clusters = false;
-  double mean_cluster_size = 0;
+  double mean_cluster_size = 0;  // from the cluster controls as they are now; 0 where unreadable
 
   // The Detectability page's key function and parameter table: the value columns' headings ("Study
   // Area" or one per stratum), the parameter rows' names and their cells, row by row.
@@ -42,7 +42,8 @@ struct PreviewInputs {
   std::vector<std::string> parameter_names;
   std::vector<std::vector<std::string>> parameters;
 
-  // The covariates the Detectability page's rows stand for, as the population pages hand them over.
+  // The covariates the Detectability page's rows stand for, as the Covariates page's controls hold
+  // them now (not as they were handed over when its tab was last left).
   std::string continuous_cov;
   double mean_cov = 0;
   std::vector<std::string> levels;               // empty: no categorical covariate

@@ -1,5 +1,6 @@
 #include "zrsimprp/preview/PreviewInputsReader.h"
 
+#include <cmath>
 #include <exception>
 
 #include "zrsimprp/control/SIMProperties.h"
@@ -49,6 +50,47 @@ std::string FieldOf(const DefinitionEntry& entry, const std::string& name) {
   return "";
 }
 
+// The page's own conversions, so that the preview's numbers are the ones the page hands over when its
+// tab is left; a value they cannot read counts as 0 here (the page's check names it on leaving).
+template <class Compute>
+double OrZero(Compute compute) {
+  try {
+    return compute();
+  } catch (const std::exception&) {
+    return 0.0;
+  }
+}
+
+// The mean cluster size as the Population page's cluster controls hold it now: the pmf table's
+// sizes weighted by their probabilities, or the named distribution's mean (Poisson lambda, negative
+// binomial r·p/(1-p) with r a whole number).
+double MeanClusterSizeNow(const CPagPopulationDescription& page) {
+  if (page.chkClusters.Value() == CheckBox::kUnchecked) return 0.0;
+  if (page.optClusterDist.Selected() == 0) {
+    const Grid& sizes = page.flxClusterSize;
+    return OrZero([&sizes] {
+      double mean = 0.0;
+      for (int c = 1; c < sizes.Cols() && sizes.Rows() >= 2; ++c)
+        mean += ToDouble(sizes.TextMatrix(0, c)) * ToDouble(sizes.TextMatrix(1, c));
+      return mean;
+    });
+  }
+  if (page.optClusterDist.Selected() != 1) return 0.0;
+  const Grid& parameters = page.flxClusterParam;
+  const std::string& distribution = page.cboDistribution.Text();
+  if (parameters.Rows() < 2 || parameters.Cols() < 2) return 0.0;
+  if (TextEquals(distribution, "Poisson"))
+    return OrZero([&] { return ToDouble(parameters.TextMatrix(1, 1)); });
+  if (TextEquals(distribution, "Negative-Binomial") && parameters.Cols() >= 3) {
+    return OrZero([&] {
+      const double r = ToInt16(ToDouble(parameters.TextMatrix(1, 1)));
+      const double p = ToDouble(parameters.TextMatrix(1, 2));
+      return Divide(r * p, 1.0 - p);
+    });
+  }
+  return 0.0;
+}
+
 void ReadPopulation(SIMProperties& control, PreviewInputs& inputs) {
   CPagPopulationDescription& page = control.pagPopulation;
   inputs.population_size = PopulationSizeOf(page.optNcalculation);
@@ -57,7 +99,9 @@ void ReadPopulation(SIMProperties& control, PreviewInputs& inputs) {
     for (int col = 1; col < table.Cols(); ++col) inputs.population_values.push_back(table.TextMatrix(1, col));
   }
   inputs.clusters = page.Clusters();
-  inputs.mean_cluster_size = page.MeanClusterSize();
+  // Read from the controls, not from what the page hands over on leaving its tab, so that the
+  // preview follows each edit.
+  inputs.mean_cluster_size = MeanClusterSizeNow(page);
 }
 
 void ReadDetection(SIMProperties& control, PreviewInputs& inputs) {
@@ -73,21 +117,40 @@ void ReadDetection(SIMProperties& control, PreviewInputs& inputs) {
   }
 }
 
-void ReadCovariates(SIMProperties& control, PreviewInputs& inputs) {
-  CPagPopulationCovars& page = control.pagCovariates;
-  inputs.continuous_cov = page.ContinuousCov();
-  inputs.mean_cov = page.MeanConinuousCov();
-  const std::vector<std::string> levels = page.CatCovLevels();
-  if (levels.empty() || levels.front().empty()) return;
-  inputs.levels = levels;
-  const Grid& table = page.flxCategoricalCov;
-  for (const std::string& level : levels) {
-    std::string probability;
-    for (int col = 1; col < table.Cols() && table.Rows() >= 2; ++col) {
-      if (table.TextMatrix(0, col) == level) probability = table.TextMatrix(1, col);
-    }
-    inputs.level_probabilities.push_back(probability);
+// The continuous covariate's name and mean as the Covariates page's controls hold them now: mu for a
+// Normal, exp(mu + sigma²/2) for a Log-Normal.
+void ReadContinuous(const CPagPopulationCovars& page, PreviewInputs& inputs) {
+  if (page.chkContinuousCov.Value() != CheckBox::kChecked) return;
+  inputs.continuous_cov = page.txtContinuousCov.Text();
+  const Grid& parameters = page.flxContinuousCov;
+  const std::string& distribution = page.cboDistribution.Text();
+  if (parameters.Rows() < 2 || parameters.Cols() < 2) return;
+  if (TextEquals(distribution, "Normal")) {
+    inputs.mean_cov = OrZero([&] { return ToDouble(parameters.TextMatrix(1, 1)); });
+  } else if (TextEquals(distribution, "Log-Normal") && parameters.Cols() >= 3) {
+    inputs.mean_cov = OrZero([&] {
+      const double mu = ToDouble(parameters.TextMatrix(1, 1));
+      const double sigma = ToDouble(parameters.TextMatrix(1, 2));
+      return std::exp(mu + sigma * sigma / 2.0);
+    });
   }
+}
+
+// The categorical covariate's levels ("sex.m", as the Detectability page's rows name them) and their
+// probabilities as typed, column by column of the Covariates page's table.
+void ReadCategorical(const CPagPopulationCovars& page, PreviewInputs& inputs) {
+  if (page.chkCategoricalCov.Value() != CheckBox::kChecked) return;
+  const Grid& table = page.flxCategoricalCov;
+  const std::string& name = page.txtCategoricalCov.Text();
+  for (int col = 1; col < table.Cols(); ++col) {
+    inputs.levels.push_back(name + "." + table.TextMatrix(0, col));
+    inputs.level_probabilities.push_back(table.Rows() >= 2 ? table.TextMatrix(1, col) : std::string());
+  }
+}
+
+void ReadCovariates(SIMProperties& control, PreviewInputs& inputs) {
+  ReadContinuous(control.pagCovariates, inputs);
+  ReadCategorical(control.pagCovariates, inputs);
 }
 
 }  // namespace

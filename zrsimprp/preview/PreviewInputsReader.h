@@ -11,7 +11,8 @@ class ProjectDatabase;
 class SIMProperties;
 
 // Copies what a preview reads from a loaded control and its project. The pages' controls are read
-// directly (never their user-mode properties, which may raise), and the geometry once per call.
+// directly (never their user-mode properties, which may raise, nor the values the pages hand over on
+// leaving a tab, so that the preview follows every edit), and the geometry once per call.
 // Never throws for anything typed; a project that fails to answer leaves the design or the layer
 // missing with a sentence that says so.
 class PreviewInputsReader {

@@ -17,6 +17,13 @@ class OptionGroupBinder : public ModelBinder {
   // One radio button per option button, in index order; the binder is a child of the first.
   OptionGroupBinder(OptionGroup& group, std::vector<QRadioButton*> radios);
 
+  const OptionGroup& Group() const { return group_; }
+  // The radio button of the option button `index`; nullptr when there is none.
+  QRadioButton* Radio(int index) const {
+    return index >= 0 && index < static_cast<int>(radios_.size()) ? radios_[static_cast<std::size_t>(index)]
+                                                                  : nullptr;
+  }
+
  protected:
   void Refresh() override;
 
