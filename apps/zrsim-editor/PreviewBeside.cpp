@@ -31,6 +31,11 @@ PreviewBeside::PreviewBeside(zrsimprp::SIMPropertiesWidget* properties, QWidget*
   connect(toggle_, &QPushButton::toggled, this, &PreviewBeside::SetPreviewShown);
 }
 
+PreviewBeside::~PreviewBeside() {
+  delete panel_;
+  panel_ = nullptr;
+}
+
 void PreviewBeside::SetPreviewShown(bool shown) {
   if (toggle_->isChecked() != shown) toggle_->setChecked(shown);  // comes back here through toggled
   if (shown && panel_ == nullptr) {

@@ -25,6 +25,8 @@ class PreviewBeside : public QWidget {
 
  public:
   PreviewBeside(zrsimprp::SIMPropertiesWidget* properties, QWidget* parent = nullptr);
+  // The panel goes first: it watches the control's values, which go with the properties widget.
+  ~PreviewBeside() override;
 
   void SetPreviewShown(bool shown);
   QPushButton* Toggle() const { return toggle_; }
