@@ -20,6 +20,7 @@
 #include "zrsim-editor/PreviewBeside.h"
 #include "zrsim-editor/QuestionBox.h"
 #include "zrsim-editor/RememberedView.h"
+#include "zrsim-editor/StatusLine.h"
 #include "zrsim-editor/WarningsBar.h"
 #include "zrsimprp/control/PageTable.h"
 #include "zrsimprp/host/RuntimeError.h"
@@ -76,6 +77,10 @@ EditorWindow::EditorWindow(EditorDocument& document, QWidget* parent) : QDialog(
 
   auto* layout = new QVBoxLayout(this);
   layout->addWidget(preview_, 1);
+  status_ = new StatusLine(this);
+  status_->ClearOnNextStep(properties_->UndoStack());
+  connect(properties_, &zrsimprp::SIMPropertiesWidget::StatusMessage, status_, &StatusLine::Show);
+  layout->addWidget(status_);
   warnings_ = new WarningsBar(this);
   layout->addWidget(warnings_);
   lint_ = new LiveLint([this] { return QuietDefinition(); }, this);

@@ -17,6 +17,7 @@ class EditMenu;
 class HelpBrowser;
 class LiveLint;
 class PreviewBeside;
+class StatusLine;
 class WarningsBar;
 
 // The host's properties form: the control and OK / Cancel / Apply / Reset / Help. OK and Apply
@@ -70,6 +71,7 @@ class EditorWindow : public QDialog {
   QPushButton* CancelButton() const { return cancel_; }
   QPushButton* ResetButton() const { return reset_; }
   WarningsBar& Warnings() { return *warnings_; }
+  StatusLine& Status() { return *status_; }
   LiveLint& Lint() { return *lint_; }
   QPushButton* HelpButton() const { return help_; }
   QPushButton* SaveAsButton() const { return save_as_; }
@@ -139,6 +141,7 @@ class EditorWindow : public QDialog {
   HelpBrowser* help_browser_ = nullptr;
   EditMenu* edit_menu_ = nullptr;
   WarningsBar* warnings_ = nullptr;
+  StatusLine* status_ = nullptr;
   LiveLint* lint_ = nullptr;
   MessageSink sink_;
   QuestionSink questions_;

@@ -26,7 +26,7 @@ TEST_F(EditMenuTest, TheEditMenuNamesTheStepItUndoesAndRedoes) {
   ASSERT_NE(bar, nullptr);
   EXPECT_TRUE(bar->actions().contains(edit->Menu()->menuAction()));
   EXPECT_EQ(edit->Menu()->title(), "&Edit");
-  ASSERT_EQ(edit->Menu()->actions().size(), 2);
+  ASSERT_EQ(edit->Menu()->actions().size(), 8);  // undo, redo, a separator, five grid actions
   EXPECT_FALSE(edit->UndoAction()->isEnabled());
 
   const std::string reps = window_->Properties().Control().pagSimulation.txtReps.Text();

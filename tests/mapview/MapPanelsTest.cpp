@@ -5,11 +5,17 @@
 #include <QMessageBox>
 #include <QStyleFactory>
 #include <QTest>
+#include <cstdlib>
 #include <memory>
+#include <sstream>
+#include <string>
+#include <vector>
 
 #include "projectdb/GeoPackageProject.h"
 #include "tests/mapview/MapViewFixture.h"
 #include "zrsimprp/control/SIMProperties.h"
+#include "zrsimprp/map/MapModel.h"
+#include "zrsimprp/map/ViridisScale.h"
 #include "zrsimprp/qt/DarkPalette.h"
 #include "zrsimprp/qt/SIMPropertiesWidget.h"
 #include "zrsimprp/qt/map/DensityMapPanel.h"
@@ -207,6 +213,46 @@ TEST_F(MapPanelsTest, SimulationPageShowsTheChosenLayerByStratum) {
 }
 
 // Both pages with their maps, in the light palette and a dark one, for a person to look at.
+// Densities typed as 0.5, 1 and 3 get three clearly different colours: the scale spreads the typed
+// values evenly instead of leaving 0.5 and 1 in the dark sixth of a 0.5 to 3 range.
+TEST_F(MapPanelsTest, HalfAndOneGetClearlyDifferentColoursBesideAThree) {
+  project_ = GeoPackageProject::Open(Sample());
+  std::string definition;
+  std::istringstream lines(project_->SimulationDefinition("Sample simulation"));
+  for (std::string line; std::getline(lines, line);) {
+    if (line.rfind("Hotspot", 0) == 0) continue;
+    const size_t densities = line.find("2.5,1.5,3");
+    if (densities != std::string::npos) line.replace(densities, 9, "0.5,1,3");
+    definition += line + "\n";
+  }
+  Open(project_, definition);
+  widget_->ShowOuterTab(1);
+  density_map_->RedrawNow();
+  QApplication::processEvents();
+  ASSERT_TRUE(density_map_->Model());
+  EXPECT_EQ(density_map_->Model()->colour_stops.Values(), (std::vector<double>{0.5, 1, 3}));
+  const QImage shot = density_map_->grab().toImage().convertToFormat(QImage::Format_RGB32);
+  const auto pixels_of = [&shot](double t) {
+    // The surface is drawn through a table of 256 colours.
+    const ViridisScale::Rgb rgb = ViridisScale::At(static_cast<int>(t * 255.0 + 0.5) / 255.0);
+    const QRgb wanted = qRgb(rgb.r, rgb.g, rgb.b);
+    int count = 0;
+    for (int y = 0; y < shot.height(); ++y) {
+      const auto* line = reinterpret_cast<const QRgb*>(shot.constScanLine(y));
+      for (int x = 0; x < shot.width(); ++x) count += (line[x] & 0xffffff) == (wanted & 0xffffff) ? 1 : 0;
+    }
+    return count;
+  };
+  // Each stratum is drawn in its own colour: the lowest, the middle and the highest of the scale.
+  EXPECT_GT(pixels_of(0.0), 500);
+  EXPECT_GT(pixels_of(0.5), 500);
+  EXPECT_GT(pixels_of(1.0), 500);
+  const ViridisScale::Rgb half = ViridisScale::At(density_map_->Model()->colour_stops.Position(0.5));
+  const ViridisScale::Rgb one = ViridisScale::At(density_map_->Model()->colour_stops.Position(1));
+  const int apart = std::abs(half.r - one.r) + std::abs(half.g - one.g) + std::abs(half.b - one.b);
+  EXPECT_GT(apart, 150);
+}
+
 TEST_F(MapPanelsTest, ScreenshotsOfBothPagesLightAndDark) {
   const std::filesystem::path folder = std::filesystem::path(ZRSIMPRP_BINARY_DIR) / "map-screenshots";
   std::filesystem::create_directories(folder);

@@ -436,6 +436,7 @@ bool DensityMapBuilder::FindRange(MapModel& model) {
     model.value_min = std::min<double>(model.value_min, value);
     model.value_max = std::max<double>(model.value_max, value);
   }
+  model.colour_stops = ColourStops::Of(model.values);
   return true;
 }
 

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "zrsimprp/host/LayerGeometrySource.h"
+#include "zrsimprp/map/ColourStops.h"
 #include "zrsimprp/map/MapExtent.h"
 #include "zrsimprp/map/StrataRaster.h"
 
@@ -44,7 +45,8 @@ struct MapModel {
   std::vector<float> values;                   // one per raster cell; empty without a surface
   double value_min = 0;
   double value_max = 0;
-  std::string legend;  // how to read the colours
+  ColourStops colour_stops;  // where each value sits on the colour scale
+  std::string legend;        // how to read the colours
 
   std::vector<HotspotMark> hotspots;
   // Plain sentences, each naming the field it is about; shown on the map, never as a message box.

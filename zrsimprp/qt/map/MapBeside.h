@@ -1,17 +1,16 @@
 #pragma once
 
-#include <Qt>
-
 class QBoxLayout;
 class QWidget;
 
 namespace zrsimprp {
 
 // Puts a map to the right of a page's controls: the page's column of rows moves, unchanged, into the
-// left half of a new row, so the controls keep their order, focus chain and sizes.
+// left pane of a splitter, so the controls keep their order, focus chain and sizes, and a person can
+// give the controls (a table of many strata) or the map more of the width.
 class MapBeside {
  public:
-  static void Place(QBoxLayout* body, QWidget* map, Qt::Alignment alignment = {});
+  static void Place(QBoxLayout* body, QWidget* map);
 };
 
 }  // namespace zrsimprp

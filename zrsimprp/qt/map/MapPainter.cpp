@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "zrsimprp/map/ColourStops.h"
 #include "zrsimprp/map/MapNumber.h"
 #include "zrsimprp/map/ScaleBar.h"
 #include "zrsimprp/map/ScaleTicks.h"
@@ -19,6 +20,8 @@ namespace {
 constexpr qreal kMargin = 8;
 constexpr qreal kScaleWidth = 14;
 constexpr qreal kScaleLabelWidth = 56;
+// Up to this many distinct values, the colour scale names each of them.
+constexpr size_t kNamedStops = 8;
 // Past this many strata the labels would hide the map.
 constexpr size_t kMaxLabels = 60;
 
@@ -55,7 +58,6 @@ QImage SurfaceImage(const MapModel& model) {
     const ViridisScale::Rgb rgb = ViridisScale::At(i / 255.0);
     lut[i] = qRgb(rgb.r, rgb.g, rgb.b);
   }
-  const double span = model.value_max - model.value_min;
   for (int32_t row = 0; row < raster.Rows(); ++row) {
     // Image rows run north to south; grid rows south to north.
     auto* line = reinterpret_cast<QRgb*>(image.scanLine(raster.Rows() - 1 - row));
@@ -66,7 +68,7 @@ QImage SurfaceImage(const MapModel& model) {
         line[col] = qRgba(0, 0, 0, 0);
         continue;
       }
-      const double t = span > 0 ? (value - model.value_min) / span : 0.5;
+      const double t = model.colour_stops.Position(value);
       line[col] = lut[std::clamp(static_cast<int>(t * 255.0 + 0.5), 0, 255)];
     }
   }
@@ -344,11 +346,17 @@ void MapPainter::PaintColourScale(QPainter& painter, const QRectF& bar, const QP
   painter.setBrush(gradient);
   painter.drawRect(bar);
   const QFontMetricsF metrics(painter.font());
-  const double low = model_->value_min;
-  const double high = model_->value_max;
-  for (const double value : ScaleTicks::Between(low, high, 5)) {
-    const double fraction = high > low ? (value - low) / (high - low) : 0.5;
-    const qreal y = bar.bottom() - fraction * bar.height();
+  // A few typed values are named themselves; otherwise round values, where they sit on the scale, as
+  // far as their labels do not overlap.
+  const ColourStops& stops = model_->colour_stops;
+  const std::vector<double> ticks = stops.Exact() && stops.Values().size() <= kNamedStops
+                                        ? stops.Values()
+                                        : ScaleTicks::Between(model_->value_min, model_->value_max, 5);
+  qreal last_y = bar.bottom() + metrics.height();
+  for (const double value : ticks) {
+    const qreal y = bar.bottom() - stops.Position(value) * bar.height();
+    if (last_y - y < metrics.height()) continue;
+    last_y = y;
     painter.drawLine(QPointF(bar.right(), y), QPointF(bar.right() + 3, y));
     painter.drawText(QRectF(bar.right() + 5, y - metrics.height() / 2, kScaleLabelWidth, metrics.height()),
                      Qt::AlignLeft | Qt::AlignVCenter, Text(MapNumber::Text(value)));

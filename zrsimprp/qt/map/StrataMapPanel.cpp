@@ -14,8 +14,6 @@ StrataMapPanel::StrataMapPanel(CPagSimulation& simulation, QWidget* parent)
       simulation_(simulation),
       canvas_(new MapCanvas(QSize(220, 170), this)),
       status_(new QLabel(this)) {
-  // Small: it only shows which layer was picked.
-  setMaximumSize(400, 320);
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
   layout->addWidget(canvas_, 1);

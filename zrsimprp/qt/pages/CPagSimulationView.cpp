@@ -47,7 +47,7 @@ CPagSimulationView::CPagSimulationView(CPagSimulation& page, QWidget* parent)
 
 StrataMapPanel* CPagSimulationView::ShowMap() {
   auto* map = new StrataMapPanel(page_, this);
-  MapBeside::Place(Body(), map, Qt::AlignTop);
+  MapBeside::Place(Body(), map);
   return map;
 }
 
