@@ -13,7 +13,7 @@ NO_ROLE = {pyatspi.ROLE_INVALID, pyatspi.ROLE_UNKNOWN}
 CELL_ROLES = {pyatspi.ROLE_TABLE_CELL}
 
 
-def find_application(name, seconds=30):
+def find_application(name, seconds=60):
     deadline = time.time() + seconds
     while time.time() < deadline:
         desktop = pyatspi.Registry.getDesktop(0)

@@ -13,5 +13,5 @@ if(TARGET zrsim-editor)
            COMMAND bash ${PROJECT_SOURCE_DIR}/tests/accessibility/walk-editor.sh $<TARGET_FILE:zrsim-editor>
                    ${PROJECT_BINARY_DIR}/samples/sample.gpkg ${PROJECT_SOURCE_DIR}/tests/accessibility/walk_tree.py)
   set_tests_properties(Accessibility.EveryFocusableControlHasANameAndARole
-                       PROPERTIES SKIP_RETURN_CODE 77 TIMEOUT 120)
+                       PROPERTIES SKIP_RETURN_CODE 77 TIMEOUT 300)
 endif()
