@@ -27,6 +27,7 @@
 #include "zrsim-editor/NewSurveyDialog.h"
 #include "zrsim-editor/QuestionBox.h"
 #include "zrsim-editor/RecentProjects.h"
+#include "zrsim-editor/RememberedView.h"
 #include "zrsim-editor/SimulationsPanel.h"
 #include "zrsimprp/host/Conversions.h"
 #include "zrsimprp/host/EngineDefaults.h"
@@ -336,6 +337,7 @@ bool EditorSession::RenameSimulation() {
   if (name.empty() || name == from || !MayLeave()) return false;
   auto project = document_->Project();
   if (!Change([&] { project->RenameSimulation(from, name); })) return false;
+  RememberedView::Rename(project->Path(), from, name);
   return ShowDocument(EditorDocument::Open(project->Path(), name));
 }
 

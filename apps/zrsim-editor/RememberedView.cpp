@@ -16,6 +16,20 @@ bool RememberedView::Forget(const std::string& project_path, const std::string& 
   return had_any;
 }
 
+void RememberedView::Rename(const std::string& project_path, const std::string& from, const std::string& to) {
+  QSettings settings;
+  const QString old_group = PersonalSettings::GroupFor(project_path, from);
+  const QString new_group = PersonalSettings::GroupFor(project_path, to);
+  settings.beginGroup(old_group);
+  const QStringList keys = settings.allKeys();
+  settings.endGroup();
+  for (const QString& key : keys) {
+    settings.setValue(new_group + "/" + key, settings.value(old_group + "/" + key));
+  }
+  settings.remove(old_group);
+  settings.sync();
+}
+
 std::string RememberedView::ForgottenMessage(const std::string& simulation, const std::string& reason) {
   return "The remembered view of the simulation '" + simulation + "' (its tabs) could not be used (" +
          reason + "), so it was forgotten.";

@@ -11,6 +11,8 @@ class RememberedView {
  public:
   // Forgets the person's remembered view of one simulation; false when there was none to forget.
   static bool Forget(const std::string& project_path, const std::string& simulation);
+  // Carries the remembered view over to the simulation's new name.
+  static void Rename(const std::string& project_path, const std::string& from, const std::string& to);
   // The one line that tells the person the view was forgotten, and why.
   static std::string ForgottenMessage(const std::string& simulation, const std::string& reason);
 };

@@ -22,6 +22,7 @@
 #include "zrsim-editor/ImportLayerDialog.h"
 #include "zrsim-editor/NewDesignDialog.h"
 #include "zrsim-editor/NewSurveyDialog.h"
+#include "zrsim-editor/PersonalSettings.h"
 #include "zrsim-editor/RecentProjects.h"
 #include "zrsim-editor/SimulationsPanel.h"
 #include "zrsimprp/control/SIMProperties.h"
@@ -331,6 +332,26 @@ TEST_F(EditorSessionTest, TheFormsEditMenuSitsInTheSessionsMenuBarBetweenFileAnd
   EXPECT_EQ(MenuTitles(*session_->menuBar()),
             (QStringList{QStringLiteral("&File"), QStringLiteral("&Edit"), QStringLiteral("&Project")}));
   EXPECT_EQ(session_->menuBar()->actions()[1]->menu(), session_->Window()->Edit()->Menu());
+}
+
+}  // namespace
+
+namespace {
+
+TEST_F(EditorSessionTest, ARenamedSimulationKeepsItsRememberedTab) {
+  ASSERT_TRUE(session_->OpenProject(Sample()));
+  const std::string path = Project().Path();
+  zrsim_editor::PersonalSettings(path, "Sample simulation")
+      .WriteSetting(0, 2, "SIMProperties", "CurrentTab", zrsimprp::Variant(int16_t{3}));
+  names_ = {"Renamed"};
+  ASSERT_TRUE(session_->RenameSimulation());
+  const zrsimprp::Variant missing(int16_t{-1});
+  EXPECT_EQ(zrsim_editor::PersonalSettings(path, "Renamed")
+                .ReadSetting(0, 2, "SIMProperties", "CurrentTab", missing),
+            zrsimprp::Variant(int16_t{3}));
+  EXPECT_EQ(zrsim_editor::PersonalSettings(path, "Sample simulation")
+                .ReadSetting(0, 2, "SIMProperties", "CurrentTab", missing),
+            missing);
 }
 
 }  // namespace
