@@ -27,7 +27,8 @@ DensityMapPanel::DensityMapPanel(CPagDensity& density, CPagSimulation& simulatio
       density_(density),
       simulation_(simulation),
       canvas_(new MapCanvas(QSize(260, 240), this)),
-      status_(new QLabel(Hint(), this)) {
+      status_(new QLabel(Hint(), this)),
+      settle_(kSettleMs, this, [this]() { Recompute(false); }) {
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
   layout->addWidget(canvas_, 1);
@@ -39,35 +40,24 @@ DensityMapPanel::DensityMapPanel(CPagDensity& density, CPagSimulation& simulatio
   connect(canvas_, &MapCanvas::PointerDescribed, this,
           [this](const QString& text) { status_->setText(text.isEmpty() ? Hint() : text); });
 
-  settle_.setSingleShot(true);
-  settle_.setInterval(kSettleMs);
-  connect(&settle_, &QTimer::timeout, this, [this]() { Recompute(false); });
   for (Control* control : std::initializer_list<Control*>{
            &density_.optDensity, &density_.flxConstantDensity, &density_.txtFormula, &density_.txtGridSpace,
            &density_.cboLayer, &density_.cboField, &density_.chkHotspots, &density_.flxHotspots,
            &simulation_.cboRegionLayer}) {
-    Watch(*control);
+    settle_.Watch(*control);
   }
-  Schedule();
+  settle_.Schedule();
 }
 
-DensityMapPanel::~DensityMapPanel() {
-  for (const auto& [control, id] : subscriptions_) control->Unsubscribe(id);
-}
-
-void DensityMapPanel::Watch(Control& control) {
-  subscriptions_.emplace_back(&control, control.Subscribe([this]() { Schedule(); }));
-}
-
-void DensityMapPanel::Schedule() { settle_.start(); }
+DensityMapPanel::~DensityMapPanel() = default;
 
 void DensityMapPanel::showEvent(QShowEvent* event) {
   QWidget::showEvent(event);
-  if (settle_.isActive()) RedrawNow();
+  if (settle_.Pending()) RedrawNow();
 }
 
 void DensityMapPanel::RedrawNow() {
-  settle_.stop();
+  settle_.Cancel();
   Recompute(true);
 }
 

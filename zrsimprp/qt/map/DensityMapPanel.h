@@ -10,12 +10,12 @@
 
 #include "zrsimprp/map/MapLayers.h"
 #include "zrsimprp/map/MapModel.h"
+#include "zrsimprp/qt/map/SettledWatch.h"
 
 namespace zrsimprp {
 
 class CPagDensity;
 class CPagSimulation;
-class Control;
 class MapCanvas;
 class ProjectDatabase;
 
@@ -46,8 +46,6 @@ class DensityMapPanel : public QWidget {
   void showEvent(QShowEvent* event) override;
 
  private:
-  void Watch(Control& control);
-  void Schedule();
   void Recompute(bool wait);
   void RefreshLayers();
   void Finished(std::shared_ptr<const MapModel> model, int64_t generation);
@@ -57,8 +55,7 @@ class DensityMapPanel : public QWidget {
   CPagSimulation& simulation_;
   MapCanvas* canvas_;
   QLabel* status_;
-  QTimer settle_;
-  std::vector<std::pair<Control*, int>> subscriptions_;
+  SettledWatch settle_;
   std::shared_ptr<ProjectDatabase> database_;
   std::shared_ptr<const MapLayers> layers_;
   std::shared_ptr<const MapModel> model_;

@@ -33,7 +33,15 @@ PreviewPanel::PreviewPanel(SIMProperties& control, QWidget* parent)
       curves_(new DetectionCurvesView(this)),
       summary_(new QLabel(this)),
       draw_(new QPushButton(tr("&Draw a survey"), this)),
-      map_(new MapCanvas(QSize(240, 180), this)) {
+      map_(new MapCanvas(QSize(240, 180), this)),
+      settle_(kSettleMs, this, [this]() {
+        // A hidden panel waits until it is seen again.
+        if (isVisible()) {
+          RecomputeNow();
+        } else {
+          stale_ = true;
+        }
+      }) {
   setObjectName(QStringLiteral("PreviewPanel"));
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
@@ -54,16 +62,6 @@ PreviewPanel::PreviewPanel(SIMProperties& control, QWidget* parent)
   layout->addWidget(map_, 2);
   connect(draw_, &QPushButton::clicked, this, &PreviewPanel::DrawAgain);
 
-  settle_.setSingleShot(true);
-  settle_.setInterval(kSettleMs);
-  connect(&settle_, &QTimer::timeout, this, [this]() {
-    // A hidden panel waits until it is seen again.
-    if (isVisible()) {
-      RecomputeNow();
-    } else {
-      stale_ = true;
-    }
-  });
   CPagDensity& density = control_.pagDensity;
   CPagPopulationDescription& population = control_.pagPopulation;
   CPagPopulationCovars& covariates = control_.pagCovariates;
@@ -98,24 +96,16 @@ PreviewPanel::PreviewPanel(SIMProperties& control, QWidget* parent)
                                                           &simulation.optDesign,
                                                           &simulation.cboSurvey,
                                                           &simulation.cboDesign}) {
-    Watch(*watched);
+    settle_.Watch(*watched);
   }
-  Schedule();
+  settle_.Schedule();
 }
 
-PreviewPanel::~PreviewPanel() {
-  for (const auto& [watched, id] : subscriptions_) watched->Unsubscribe(id);
-}
-
-void PreviewPanel::Watch(Control& watched) {
-  subscriptions_.emplace_back(&watched, watched.Subscribe([this]() { Schedule(); }));
-}
-
-void PreviewPanel::Schedule() { settle_.start(); }
+PreviewPanel::~PreviewPanel() = default;
 
 void PreviewPanel::showEvent(QShowEvent* event) {
   QWidget::showEvent(event);
-  if (stale_ || settle_.isActive() || !preview_) RecomputeNow();
+  if (stale_ || settle_.Pending() || !preview_) RecomputeNow();
 }
 
 void PreviewPanel::RefreshLayers() {
@@ -136,7 +126,7 @@ void PreviewPanel::RefreshLayers() {
 }
 
 void PreviewPanel::RecomputeNow() {
-  settle_.stop();
+  settle_.Cancel();
   stale_ = false;
   try {
     RefreshLayers();
@@ -168,7 +158,7 @@ void PreviewPanel::RecomputeNow() {
 
 void PreviewPanel::DrawAgain() {
   ++seed_;
-  if (!preview_ || !preview_->surface || settle_.isActive() || stale_) {
+  if (!preview_ || !preview_->surface || settle_.Pending() || stale_) {
     RecomputeNow();  // draws with the new seed
   } else {
     DrawSurvey();

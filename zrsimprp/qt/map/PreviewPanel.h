@@ -10,13 +10,13 @@
 #include "zrsimprp/map/MapLayers.h"
 #include "zrsimprp/preview/DrawnSurvey.h"
 #include "zrsimprp/preview/Preview.h"
+#include "zrsimprp/qt/map/SettledWatch.h"
 
 class QLabel;
 class QPushButton;
 
 namespace zrsimprp {
 
-class Control;
 class DetectionCurvesView;
 class ProjectDatabase;
 class SIMProperties;
@@ -60,19 +60,16 @@ class PreviewPanel : public QWidget {
   void showEvent(QShowEvent* event) override;
 
  private:
-  void Watch(Control& control);
-  void Schedule();
   void RefreshLayers();
   void DrawSurvey();
   void ShowNumbers();
 
   SIMProperties& control_;
-  QTimer settle_;
-  std::vector<std::pair<Control*, int>> subscriptions_;
   DetectionCurvesView* curves_;
   QLabel* summary_;
   QPushButton* draw_;
   MapCanvas* map_;
+  SettledWatch settle_;
   std::shared_ptr<ProjectDatabase> database_;
   std::shared_ptr<const MapLayers> layers_;
   std::shared_ptr<const Preview> preview_;

@@ -13,7 +13,8 @@ StrataMapPanel::StrataMapPanel(CPagSimulation& simulation, QWidget* parent)
     : QWidget(parent),
       simulation_(simulation),
       canvas_(new MapCanvas(QSize(220, 170), this)),
-      status_(new QLabel(this)) {
+      status_(new QLabel(this)),
+      settle_(50, this, [this]() { Recompute(); }) {
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
   layout->addWidget(canvas_, 1);
@@ -21,22 +22,19 @@ StrataMapPanel::StrataMapPanel(CPagSimulation& simulation, QWidget* parent)
   status_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
   layout->addWidget(status_);
   connect(canvas_, &MapCanvas::PointerDescribed, status_, &QLabel::setText);
-  settle_.setSingleShot(true);
-  settle_.setInterval(50);
-  connect(&settle_, &QTimer::timeout, this, &StrataMapPanel::Recompute);
-  subscription_ = simulation_.cboRegionLayer.Subscribe([this]() { settle_.start(); });
-  settle_.start();
+  settle_.Watch(simulation_.cboRegionLayer);
+  settle_.Schedule();
 }
 
-StrataMapPanel::~StrataMapPanel() { simulation_.cboRegionLayer.Unsubscribe(subscription_); }
+StrataMapPanel::~StrataMapPanel() = default;
 
 void StrataMapPanel::showEvent(QShowEvent* event) {
   QWidget::showEvent(event);
-  if (settle_.isActive()) RedrawNow();
+  if (settle_.Pending()) RedrawNow();
 }
 
 void StrataMapPanel::RedrawNow() {
-  settle_.stop();
+  settle_.Cancel();
   Recompute();
 }
 

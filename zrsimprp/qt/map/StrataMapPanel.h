@@ -8,6 +8,7 @@
 
 #include "zrsimprp/map/MapLayers.h"
 #include "zrsimprp/map/MapModel.h"
+#include "zrsimprp/qt/map/SettledWatch.h"
 
 namespace zrsimprp {
 
@@ -36,8 +37,7 @@ class StrataMapPanel : public QWidget {
   CPagSimulation& simulation_;
   MapCanvas* canvas_;
   QLabel* status_;
-  QTimer settle_;
-  int subscription_ = 0;
+  SettledWatch settle_;
   std::shared_ptr<ProjectDatabase> database_;
   std::string layer_;
   std::shared_ptr<const MapModel> model_;
