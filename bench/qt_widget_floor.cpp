@@ -4,7 +4,7 @@
 // contents and draws them the same way, with no control behind it. Before timing, both forms are
 // drawn once and their inventories (every visible kind of widget with its texts, state, and every
 // table's cells) compared, so the floor cannot drift from what the widget shows. After the table the
-// program prints the widget/floor time ratio; the aim is at most 1.3.
+// program prints the widget/floor time ratio; the aim is at most 1.1.
 #include <benchmark/benchmark.h>
 #include <unistd.h>
 
@@ -30,6 +30,7 @@
 #include <QVBoxLayout>
 #include <QValueAxis>
 #include <algorithm>
+#include <chrono>
 #include <cmath>
 #include <cstdio>
 #include <functional>
@@ -51,9 +52,10 @@ namespace {
 
 constexpr int kStrata = 1000;
 constexpr int kOuterTabs = 6;
-constexpr double kTarget = 1.3;
+constexpr double kTarget = 1.1;
 constexpr const char* kWidgetBenchmark = "BM_WidgetCreateLoadRenderAllTabs";
 constexpr const char* kFloorBenchmark = "BM_FloorCreateFillRenderAllTabs";
+constexpr const char* kInterleavedBenchmark = "BM_WidgetOverFloorInterleaved";
 
 // ---- The data both forms show ----
 
@@ -812,6 +814,53 @@ void BM_FloorCreateFillRenderAllTabs(benchmark::State& state) {
 }
 BENCHMARK(BM_FloorCreateFillRenderAllTabs)->Unit(benchmark::kMillisecond);
 
+// The machine's speed drifts by a fifth within a minute, more than the gap being measured: here the
+// two forms take turns within each iteration (which goes first alternates), so both meet the same
+// moments of the machine, and the ratio is of their summed wall times.
+void BM_WidgetOverFloorInterleaved(benchmark::State& state) {
+  const auto database = MakeProject(Data());
+  const std::string definition = Definition(Data());
+  using Clock = std::chrono::steady_clock;
+  Clock::duration widget_time{};
+  Clock::duration floor_time{};
+  const auto run_widget = [&]() {
+    const Clock::time_point start = Clock::now();
+    zrsimprp::SIMPropertiesWidget widget;
+    std::vector<std::string> messages;
+    const bool loaded = LoadWidget(widget, database, definition, messages);
+    if (loaded) RenderAllTabs(widget);
+    widget_time += Clock::now() - start;
+    return loaded;
+  };
+  const auto run_floor = [&]() {
+    const Clock::time_point start = Clock::now();
+    {
+      FloorForm form(Data());
+      form.resize(800, 600);
+      RenderAllTabs(form);
+    }
+    floor_time += Clock::now() - start;
+  };
+  bool widget_first = false;
+  for (auto _ : state) {
+    widget_first = !widget_first;
+    if (!widget_first) run_floor();
+    if (!run_widget()) {
+      state.SkipWithError("the control reported a message");
+      break;
+    }
+    if (widget_first) run_floor();
+  }
+  const double iterations = static_cast<double>(std::max<benchmark::IterationCount>(state.iterations(), 1));
+  state.counters["widget_ms"] = std::chrono::duration<double, std::milli>(widget_time).count() / iterations;
+  state.counters["floor_ms"] = std::chrono::duration<double, std::milli>(floor_time).count() / iterations;
+  state.counters["widget_over_floor"] = floor_time.count() > 0 ? static_cast<double>(widget_time.count()) /
+                                                                     static_cast<double>(floor_time.count())
+                                                               : 0;
+  zrsimprp::CModGlobal::Clear();
+}
+BENCHMARK(BM_WidgetOverFloorInterleaved)->Unit(benchmark::kMillisecond);
+
 // Shows the table as usual and keeps the time per iteration of the two runs for the ratio.
 class RatioReporter : public benchmark::ConsoleReporter {
  public:
@@ -829,6 +878,8 @@ class RatioReporter : public benchmark::ConsoleReporter {
       if (median) medians_.insert(name);
       real_[name] = run.GetAdjustedRealTime() / kPerSecond;
       cpu_[name] = run.GetAdjustedCPUTime() / kPerSecond;
+      const auto ratio = run.counters.find("widget_over_floor");
+      if (name == kInterleavedBenchmark && ratio != run.counters.end()) interleaved_ = ratio->second.value;
     }
     ConsoleReporter::ReportRuns(runs);
   }
@@ -841,6 +892,8 @@ class RatioReporter : public benchmark::ConsoleReporter {
     if (widget == times.end() || floor == times.end() || floor->second <= 0) return 0;
     return widget->second / floor->second;
   }
+  // The ratio of the turn-taking run; 0 when it did not run.
+  double Interleaved() const { return interleaved_; }
   double Milliseconds(const char* name) const {
     const auto found = real_.find(name);
     return found == real_.end() ? 0 : found->second * 1e3;
@@ -851,6 +904,7 @@ class RatioReporter : public benchmark::ConsoleReporter {
   std::map<std::string, double> real_;
   std::map<std::string, double> cpu_;
   std::set<std::string> medians_;
+  double interleaved_ = 0;
 };
 
 }  // namespace
@@ -873,9 +927,14 @@ int main(int argc, char** argv) {
   const double ratio = reporter.Ratio(false);
   if (ratio > 0) {
     std::printf(
-        "widget/floor: %.2f wall, %.2f process time (widget %.1f ms, floor %.1f ms; aim at most %.1f): %s\n",
+        "widget/floor, one after the other: %.2f wall, %.2f process time (widget %.1f ms, floor %.1f ms)\n",
         ratio, reporter.Ratio(true), reporter.Milliseconds(kWidgetBenchmark),
-        reporter.Milliseconds(kFloorBenchmark), kTarget, ratio <= kTarget ? "met" : "missed");
+        reporter.Milliseconds(kFloorBenchmark));
+  }
+  const double interleaved = reporter.Interleaved();
+  if (interleaved > 0) {
+    std::printf("widget/floor, taking turns: %.2f wall (aim at most %.2f): %s\n", interleaved, kTarget,
+                interleaved <= kTarget ? "met" : "missed");
   }
   return 0;
 }

@@ -17,8 +17,8 @@ TEST(StrataHeadings, ALabelOfItsOwnIsTheHeadingAndRepeatedOrBlankLabelsAddTheId)
   EXPECT_EQ(headings[1].text, "Binghamton city (37)");
   EXPECT_EQ(headings[2].text, "Binghamton city (38)");
   EXPECT_EQ(headings[3].text, "id 9");
-  EXPECT_EQ(headings[1].tooltip, "stratum 2 of 4, id 37, Binghamton city");
-  EXPECT_EQ(headings[3].tooltip, "stratum 4 of 4, id 9");
+  EXPECT_EQ(headings[1].Tooltip(), "stratum 2 of 4, id 37, Binghamton city");
+  EXPECT_EQ(headings[3].Tooltip(), "stratum 4 of 4, id 9");
 }
 
 TEST(StrataHeadings, MissingLabelsAreBlank) {
@@ -31,7 +31,7 @@ TEST(StrataHeadings, ALayerIsReadInRecordOrderAndAMissingLayerGivesNone) {
   auto database = MakeSampleProject();
   const auto headings = StrataHeadings::ForLayer(database, "Strata");
   ASSERT_EQ(headings.size(), 3u);
-  EXPECT_EQ(headings[2].tooltip, "stratum 3 of 3, id 3, C");
+  EXPECT_EQ(headings[2].Tooltip(), "stratum 3 of 3, id 3, C");
   EXPECT_TRUE(StrataHeadings::ForLayer(database, "No such layer").empty());
   EXPECT_TRUE(StrataHeadings::ForLayer(nullptr, "Strata").empty());
 }

@@ -407,5 +407,45 @@ TEST(ComboBoxBinder, DisabledListIsPaintedWithTheButtonFaceOfThePalette) {
   EXPECT_EQ(combo->palette().color(QPalette::Active, QPalette::Base), QColor(60, 60, 60));
 }
 
+TEST(ComboBoxBinder, ListInTheWindowColourSharesThePaletteAroundIt) {
+  ComboBox model(ComboBox::Style::kListOnly);
+  QWidget form;
+  auto* combo = new QComboBox(&form);
+  auto* binder = new ComboBoxBinder(model, combo);
+  binder->RefreshNow();
+  // The style keeps its drawings by palette: a copy per list would draw every list afresh.
+  EXPECT_FALSE(combo->testAttribute(Qt::WA_SetPalette));
+  EXPECT_EQ(combo->palette().cacheKey(), form.palette().cacheKey());
+  model.SetBackColor(Color::System(SystemColorRole::kButtonFace));
+  binder->RefreshNow();
+  EXPECT_TRUE(combo->testAttribute(Qt::WA_SetPalette));
+  EXPECT_EQ(combo->palette().color(QPalette::Active, QPalette::Base), form.palette().color(QPalette::Button));
+  model.SetBackColor(Color::System(SystemColorRole::kWindowBackground));
+  binder->RefreshNow();
+  EXPECT_FALSE(combo->testAttribute(Qt::WA_SetPalette));
+  EXPECT_EQ(combo->palette().color(QPalette::Active, QPalette::Base), form.palette().color(QPalette::Base));
+}
+
+TEST(TextBoxBinder, GreyBoxTurnsGreyWhenTheFrameAroundItIsEnabled) {
+  TextBox model;
+  QWidget form;
+  QPalette palette;
+  palette.setColor(QPalette::Base, QColor(255, 255, 255));
+  palette.setColor(QPalette::Button, QColor(200, 200, 200));
+  palette.setColor(QPalette::Disabled, QPalette::Base, QColor(200, 200, 200));
+  form.setPalette(palette);
+  auto* frame = new QWidget(&form);
+  auto* edit = new QLineEdit(frame);
+  auto* binder = new TextBoxBinder(model, edit);
+  model.SetBackColor(Color::System(SystemColorRole::kButtonFace));
+  frame->setEnabled(false);
+  binder->RefreshNow();
+  // Disabled, the box shows the palette's own disabled colours.
+  EXPECT_EQ(edit->palette().color(QPalette::Disabled, QPalette::Base), QColor(200, 200, 200));
+  frame->setEnabled(true);
+  RunEventLoopTurn();
+  EXPECT_EQ(edit->palette().color(QPalette::Active, QPalette::Base), QColor(200, 200, 200));
+}
+
 }  // namespace
 }  // namespace zrsimprp

@@ -9,6 +9,7 @@
 #include <QVBoxLayout>
 #include <cstdlib>
 #include <string>
+#include <vector>
 
 #include "QtTestSupport.h"
 #include "zrsimprp/host/Grid.h"
@@ -186,6 +187,41 @@ TEST_F(GridViewLookTest, ColumnsOfAThousandStrataAreMeasuredOnceAndThenOnlyWhere
   RunEventLoopTurn();
   EXPECT_EQ(binder->ColumnsMeasured(), 0);
   EXPECT_GE(view->columnWidth(500), TextNeeds(view, 500));
+}
+
+TEST_F(GridViewLookTest, ShortValuesThatFitTheirColumnAreNotShaped) {
+  grid.SetCols(1001);
+  for (int stratum = 1; stratum <= 1000; ++stratum) {
+    grid.SetTextMatrix(0, stratum, "S" + std::to_string(stratum));
+    grid.SetTextMatrix(1, stratum, std::to_string(stratum) + ".5");
+  }
+  const int shaped_before = binder->TextsShaped();
+  RunEventLoopTurn();
+  EXPECT_EQ(binder->TextsShaped(), shaped_before);
+  EXPECT_EQ(view->columnWidth(1000), view->horizontalHeader()->defaultSectionSize());
+  // A value too long for the column is shaped, and widens it.
+  grid.SetTextMatrix(1, 700, "123456789012345678901234567890");
+  RunEventLoopTurn();
+  EXPECT_EQ(binder->TextsShaped(), shaped_before + 1);
+  EXPECT_GE(view->columnWidth(700), TextNeeds(view, 700));
+}
+
+TEST_F(GridViewLookTest, TheUnshapedBoundIsNeverNarrowerThanTheShapedWidth) {
+  std::vector<std::string> texts = {"AV", "To", "WAVE", "1111", "Wy.", "ff", "fi", "LT", "7.", "-0.25"};
+  std::string every;
+  for (char c = 0x20; c <= 0x7e; ++c) {
+    every += c;
+    texts.push_back(std::string(3, c));
+  }
+  texts.push_back(every);
+  for (const QFont& font : {form.font(), QFont(QStringLiteral("DejaVu Serif"), 13)}) {
+    view->setFont(font);
+    for (const std::string& text : texts) {
+      EXPECT_GE(view->CellWidthBound(text), view->CellWidthFor(text)) << text;
+    }
+  }
+  EXPECT_EQ(view->CellWidthBound("Zürich"), -1);
+  EXPECT_EQ(view->CellWidthBound("a\tb"), -1);
 }
 
 TEST_F(GridViewLookTest, GrowingTheGridKeepsTheMeasuredWidths) {

@@ -1,6 +1,7 @@
 #include "zrsimprp/control/StrataHeadings.h"
 
-#include <map>
+#include <string_view>
+#include <unordered_map>
 
 #include "zrsimprp/host/ErrorTrap.h"
 #include "zrsimprp/host/Layer.h"
@@ -10,29 +11,34 @@
 
 namespace zrsimprp {
 
+std::string StrataHeadings::Heading::Tooltip() const {
+  std::string tooltip = "stratum " + std::to_string(number) + " of " + std::to_string(count) + ", id " + id;
+  if (!label.empty()) tooltip += ", " + label;
+  return tooltip;
+}
+
 std::vector<StrataHeadings::Heading> StrataHeadings::Make(const std::vector<std::string>& ids,
                                                           const std::vector<std::string>& labels) {
-  std::map<std::string, int> uses;
+  std::unordered_map<std::string_view, int> uses;
+  uses.reserve(labels.size());
   for (size_t i = 0; i < ids.size(); ++i) {
     if (i < labels.size() && !labels[i].empty()) ++uses[labels[i]];
   }
-  std::vector<Heading> headings;
-  headings.reserve(ids.size());
-  const std::string count = std::to_string(ids.size());
+  std::vector<Heading> headings(ids.size());
+  const int count = static_cast<int>(ids.size());
   for (size_t i = 0; i < ids.size(); ++i) {
-    Heading heading;
+    Heading& heading = headings[i];
     heading.id = ids[i];
     heading.label = i < labels.size() ? labels[i] : std::string();
+    heading.number = static_cast<int>(i) + 1;
+    heading.count = count;
     if (heading.label.empty()) {
       heading.text = "id " + heading.id;
-    } else if (uses[heading.label] > 1) {
+    } else if (uses.at(heading.label) > 1) {
       heading.text = heading.label + " (" + heading.id + ")";
     } else {
       heading.text = heading.label;
     }
-    heading.tooltip = "stratum " + std::to_string(i + 1) + " of " + count + ", id " + heading.id;
-    if (!heading.label.empty()) heading.tooltip += ", " + heading.label;
-    headings.push_back(std::move(heading));
   }
   return headings;
 }

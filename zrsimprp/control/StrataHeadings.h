@@ -18,7 +18,11 @@ class StrataHeadings {
     std::string id;
     std::string label;
     std::string text;
-    std::string tooltip;
+    int number = 0;  // the stratum's place, from 1
+    int count = 0;   // how many strata the layer has
+
+    // Made when a person points at the heading, not for every stratum of every table.
+    std::string Tooltip() const;
   };
 
   // One heading per stratum, for the ids and labels in record order (a missing label is blank).

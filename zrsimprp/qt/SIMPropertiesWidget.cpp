@@ -177,7 +177,9 @@ QModelIndex SIMPropertiesWidget::MarkedCell() const {
 }
 
 void SIMPropertiesWidget::ForwardModelChanges() {
-  for (ModelBinder* binder : findChildren<ModelBinder*>()) {
+  const QList<ModelBinder*> binders = findChildren<ModelBinder*>();
+  binders_.assign(binders.begin(), binders.end());
+  for (ModelBinder* binder : binders_) {
     connect(binder, &ModelBinder::ModelChanged, this, &SIMPropertiesWidget::ModelChanged);
   }
 }
@@ -210,6 +212,7 @@ void SIMPropertiesWidget::StepTab(int step) {
 }
 
 SIMPropertiesWidget::~SIMPropertiesWidget() {
+  binders_.clear();
   // The history goes first: clearing it must not refresh views that are going.
   disconnect(undo_recorder_->Stack(), nullptr, this, nullptr);
   delete undo_recorder_;
@@ -268,14 +271,12 @@ void SIMPropertiesWidget::SetProjectDatabase(std::shared_ptr<ProjectDatabase> da
 bool SIMPropertiesWidget::IsValid() { return control_->IsValid(); }
 // Undo goes back no further than the state the host set up.
 void SIMPropertiesWidget::Initialize() {
-  control_->Initialize();
+  strata_headings_->ReloadAfter([this] { control_->Initialize(); });
   undo_recorder_->Reset();
-  strata_headings_->Reload();
 }
 void SIMPropertiesWidget::ResetDefinition() {
-  control_->ResetDefinition();
+  strata_headings_->ReloadAfter([this] { control_->ResetDefinition(); });
   undo_recorder_->Reset();
-  strata_headings_->Reload();
 }
 
 SIMProperties& SIMPropertiesWidget::Control() { return *control_; }
@@ -316,7 +317,7 @@ int SIMPropertiesWidget::CurrentInnerTab() const {
 QTabBar* SIMPropertiesWidget::InnerTabBar() const { return population_view_->InnerTabBar(); }
 
 void SIMPropertiesWidget::RefreshNow() {
-  for (ModelBinder* binder : findChildren<ModelBinder*>()) {
+  for (ModelBinder* binder : binders_) {
     if (binder->RefreshPending()) binder->RefreshNow();
   }
 }

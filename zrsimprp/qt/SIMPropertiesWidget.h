@@ -21,6 +21,7 @@ class ProjectDatabase;
 class SIMProperties;
 class TabControlBinder;
 class InvalidSpotMarker;
+class ModelBinder;
 class UndoRecorder;
 class StrataColumnHeadings;
 class CPagSimulationView;
@@ -122,6 +123,9 @@ class SIMPropertiesWidget : public QWidget {
   CPagAnalysesView* analyses_view_ = nullptr;
   CPagMiscView* misc_view_ = nullptr;
   std::vector<InvalidSpotMarker*> markers_;
+  // Every binder of every page, made with the pages and living as long as they do; kept so that a
+  // refresh need not search the widget tree for them.
+  std::vector<ModelBinder*> binders_;
   UndoRecorder* undo_recorder_ = nullptr;
   StrataColumnHeadings* strata_headings_ = nullptr;
   QAction* undo_action_ = nullptr;

@@ -40,7 +40,7 @@ void ComboBoxBinder::Mirror() {
     const QString text = QString::fromStdString(combo_.Text());
     if (widget_combo_->currentText() != text) widget_combo_->setEditText(text);
   }
-  MirrorBackColor({QPalette::Base, QPalette::Button});
+  MirrorBackColor({QPalette::Base});
   // The text field of an editable list is what a screen reader lands on: it carries the list's name.
   if (QLineEdit* edit = widget_combo_->lineEdit()) {
     if (edit->accessibleName() != widget_combo_->accessibleName())

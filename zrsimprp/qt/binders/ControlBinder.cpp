@@ -33,17 +33,29 @@ void ControlBinder::Refresh() {
 void ControlBinder::MirrorBackColor(std::initializer_list<QPalette::ColorRole> roles) {
   QWidget* parent = widget_->parentWidget();
   const QPalette source = parent != nullptr ? parent->palette() : QApplication::palette(widget_);
-  QPalette palette = widget_->palette();
   const Color color = control_.BackColor();
+  const QColor background = PaletteColors::Background(color, source);
+  const QColor foreground = PaletteColors::Foreground(color, source);
+  QPalette palette = widget_->palette();
+  // Only the colours of the widget's present state are seen; it is mirrored again when that changes.
+  const bool enabled = widget_->isEnabled();
+  bool inherited = true;
+  const auto set = [&](QPalette::ColorGroup group, QPalette::ColorRole role, const QColor& wanted) {
+    palette.setColor(group, role, wanted);
+    const bool seen = (group == QPalette::Disabled) != enabled;
+    inherited = inherited && (!seen || source.color(group, role) == wanted);
+  };
   for (QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
-    for (QPalette::ColorRole role : roles)
-      palette.setColor(group, role, PaletteColors::Background(color, source));
+    for (QPalette::ColorRole role : roles) set(group, role, background);
     // Disabled text keeps the palette's own greyed colour; live text must read on the background.
     if (group != QPalette::Disabled) {
-      palette.setColor(group, QPalette::Text, PaletteColors::Foreground(color, source));
-      palette.setColor(group, QPalette::ButtonText, PaletteColors::Foreground(color, source));
+      set(group, QPalette::Text, foreground);
+      set(group, QPalette::ButtonText, foreground);
     }
   }
+  // A widget whose colours are those around it shares its parent's palette rather than a copy of
+  // it: the style keeps its drawings by palette, and a copy per widget would draw each one afresh.
+  if (inherited) palette = QPalette();
   if (palette == widget_->palette() && palette.resolveMask() == widget_->palette().resolveMask()) return;
   painting_palette_ = true;
   widget_->setPalette(palette);
@@ -52,6 +64,8 @@ void ControlBinder::MirrorBackColor(std::initializer_list<QPalette::ColorRole> r
 
 bool ControlBinder::eventFilter(QObject* watched, QEvent* event) {
   if (watched == widget_ && event->type() == QEvent::PaletteChange && !painting_palette_) ScheduleRefresh();
+  // A frame around the widget enabled or disabled shows the widget's other colours.
+  if (watched == widget_ && event->type() == QEvent::EnabledChange) ScheduleRefresh();
   return ModelBinder::eventFilter(watched, event);
 }
 

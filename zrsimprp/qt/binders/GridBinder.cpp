@@ -15,7 +15,8 @@ GridBinder::GridBinder(Grid& grid, GridView* view)
       view_(view),
       model_(new GridTableModel(grid, view, this)),
       edit_actions_(new GridEditActions(grid, view)),
-      text_widths_([this](const std::string& text) { return TextWidth(text); }) {
+      text_widths_([this](const std::string& text) { return TextWidth(text); },
+                   [view](const std::string& text) { return view->CellWidthBound(text); }) {
   view->setModel(model_);
   view->SetCanEdit([this](int row, int col) {
     bool can_edit = false;
@@ -39,20 +40,19 @@ void GridBinder::Mirror() {
   view_->viewport()->update();
 }
 
-int GridBinder::WantedWidth(int col) const {
-  const int twips = grid_.ColWidth(col);
+int GridBinder::LeastWidth(int col) const {
   // The grid's width is a floor: a caption or value wider than it widens the column.
-  int floor = 0;
-  if (twips >= 0) {
-    floor = twips / kTwipsPerPixel;
-  } else if (col >= grid_.FixedCols()) {
-    floor = view_->horizontalHeader()->defaultSectionSize();
-  }
-  int heading = 0;
+  const int twips = grid_.ColWidth(col);
+  if (twips >= 0) return twips / kTwipsPerPixel;
+  return col >= grid_.FixedCols() ? view_->horizontalHeader()->defaultSectionSize() : 0;
+}
+
+int GridBinder::WantedWidth(int col) const {
+  int wanted = text_widths_.Width(col);
   for (int row = 0; row < grid_.FixedRows(); ++row) {
-    if (const auto* shown = model_->HeadingAt(row, col)) heading = std::max(heading, TextWidth(shown->text));
+    if (const auto* shown = model_->HeadingAt(row, col)) wanted = text_widths_.Widen(wanted, shown->text);
   }
-  return std::max({floor, text_widths_.Width(col), heading});
+  return wanted;
 }
 
 int GridBinder::TextWidth(const std::string& text) const {
@@ -69,7 +69,7 @@ void GridBinder::MirrorColumnWidths(bool shape_changed) {
   if (shape_changed || shown_widths_.size() != static_cast<size_t>(grid_.Cols())) {
     shown_widths_.assign(static_cast<size_t>(grid_.Cols()), -1);
   }
-  text_widths_.Update(grid_);
+  text_widths_.Update(grid_, [this](int col) { return LeastWidth(col); });
   std::vector<std::pair<int, int>> changed;
   for (int col = 0; col < grid_.Cols(); ++col) {
     const int wanted = WantedWidth(col);

@@ -28,6 +28,8 @@ class GridBinder : public ControlBinder {
   GridEditActions* EditActions() const { return edit_actions_; }
   // How many columns the last refresh measured the texts of (only those whose texts changed).
   int ColumnsMeasured() const { return text_widths_.Measured(); }
+  // How many cell and heading texts have been shaped to find their width.
+  int TextsShaped() const { return text_widths_.Shaped(); }
 
   static constexpr int kTwipsPerPixel = 15;
 
@@ -38,6 +40,7 @@ class GridBinder : public ControlBinder {
  private:
   void MirrorColumnWidths(bool shape_changed);
   int WantedWidth(int col) const;
+  int LeastWidth(int col) const;
   int TextWidth(const std::string& text) const;
   void MirrorCursor();
   void OnCurrentChanged(const QModelIndex& current);

@@ -68,7 +68,7 @@ QVariant GridTableModel::data(const QModelIndex& index, int role) const {
     case Qt::EditRole:
       return QString::fromStdString(grid_.TextMatrix(row, col));
     case Qt::ToolTipRole:
-      if (const auto* heading = HeadingAt(row, col)) return QString::fromStdString(heading->tooltip);
+      if (const auto* heading = HeadingAt(row, col)) return QString::fromStdString(heading->Tooltip());
       return QVariant();
     case Qt::BackgroundRole:
       if (const auto kind = KindOf(row, col)) return GridCellColors::For(*kind, palette).background;
@@ -110,19 +110,19 @@ bool GridTableModel::setData(const QModelIndex& index, const QVariant& value, in
 }
 
 void GridTableModel::SetColumnHeadings(int row, int first_col,
-                                       std::vector<StrataHeadings::Heading> headings) {
+                                       std::shared_ptr<const std::vector<StrataHeadings::Heading>> headings) {
   heading_row_ = row;
   heading_first_col_ = first_col;
-  headings_ = std::move(headings);
+  if (headings != nullptr) headings_ = std::move(headings);
   if (rows_ > 0 && cols_ > 0) emit dataChanged(index(0, 0), index(rows_ - 1, cols_ - 1));
   emit HeadingsChanged();
 }
 
 const StrataHeadings::Heading* GridTableModel::HeadingAt(int row, int col) const {
-  if (row != heading_row_ || col < heading_first_col_ || headings_.empty()) return nullptr;
-  if (static_cast<size_t>(grid_.Cols() - heading_first_col_) != headings_.size()) return nullptr;
+  if (row != heading_row_ || col < heading_first_col_ || headings_->empty()) return nullptr;
+  if (static_cast<size_t>(grid_.Cols() - heading_first_col_) != headings_->size()) return nullptr;
   if (row >= grid_.Rows() || col >= grid_.Cols()) return nullptr;
-  const auto& heading = headings_[static_cast<size_t>(col - heading_first_col_)];
+  const auto& heading = (*headings_)[static_cast<size_t>(col - heading_first_col_)];
   // Pages name a stratum without a label by its place: only a cell that holds the label is renamed.
   const std::string& text = grid_.TextMatrix(row, col);
   if (text != heading.label && !heading.label.empty()) return nullptr;

@@ -3,6 +3,7 @@
 #include <QAbstractTableModel>
 #include <QPointer>
 #include <QWidget>
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -39,8 +40,10 @@ class GridTableModel : public QAbstractTableModel {
 
   // Strata headings shown in row `row` from column `first_col` on, with their tooltips, for as long
   // as the grid's own texts there are the headings' labels (a grid of other strata shows its texts).
-  void SetColumnHeadings(int row, int first_col, std::vector<StrataHeadings::Heading> headings);
-  const std::vector<StrataHeadings::Heading>& Headings() const { return headings_; }
+  // The headings are shared by every strata table of the control.
+  void SetColumnHeadings(int row, int first_col,
+                         std::shared_ptr<const std::vector<StrataHeadings::Heading>> headings);
+  const std::vector<StrataHeadings::Heading>& Headings() const { return *headings_; }
   // The heading shown in cell (row, col), or null.
   const StrataHeadings::Heading* HeadingAt(int row, int col) const;
 
@@ -58,7 +61,8 @@ class GridTableModel : public QAbstractTableModel {
   int cols_ = 0;
   int heading_row_ = -1;
   int heading_first_col_ = 0;
-  std::vector<StrataHeadings::Heading> headings_;
+  std::shared_ptr<const std::vector<StrataHeadings::Heading>> headings_ =
+      std::make_shared<const std::vector<StrataHeadings::Heading>>();
 };
 
 }  // namespace zrsimprp

@@ -5,6 +5,7 @@
 #include <QScrollBar>
 #include <QStyle>
 #include <algorithm>
+#include <cmath>
 
 #include "zrsimprp/qt/grid/GridCellDelegate.h"
 
@@ -92,11 +93,37 @@ void GridView::PlaceFrozenView() {
   frozen_view_->setGeometry(frameWidth(), frameWidth(), columnWidth(0) + 1, viewport()->height());
 }
 
-int GridView::CellWidthFor(const std::string& text) const {
+int GridView::CellMargins() const {
   // The delegate keeps a focus-frame margin plus one pixel on each side of the text, and the grid
   // line takes one more; two spare pixels keep rounding of fractional fonts from eliding the text.
-  const int margin = style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, this) + 1;
-  return fontMetrics().horizontalAdvance(QString::fromStdString(text)) + 2 * margin + 1 + 2;
+  if (cell_margins_ < 0) {
+    const int margin = style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, this) + 1;
+    cell_margins_ = 2 * margin + 1 + 2;
+  }
+  return cell_margins_;
+}
+
+int GridView::CellWidthFor(const std::string& text) const {
+  return fontMetrics().horizontalAdvance(QString::fromStdString(text)) + CellMargins();
+}
+
+int GridView::CellWidthBound(const std::string& text) const {
+  constexpr int kFirst = 0x20;
+  constexpr int kLast = 0x7e;
+  if (ascii_advances_.empty()) {
+    const QFontMetricsF metrics(font());
+    ascii_advances_.resize(kLast - kFirst + 1);
+    for (int c = kFirst; c <= kLast; ++c) {
+      ascii_advances_[static_cast<size_t>(c - kFirst)] = metrics.horizontalAdvance(QChar(c));
+    }
+  }
+  double advance = 0;
+  for (const char c : text) {
+    if (c < kFirst || c > kLast) return -1;
+    // A pixel more per character covers rounding and the rare kerning pair that spreads letters.
+    advance += ascii_advances_[static_cast<size_t>(c - kFirst)] + 1;
+  }
+  return static_cast<int>(std::ceil(advance)) + CellMargins();
 }
 
 void GridView::ResizeColumns(const std::vector<std::pair<int, int>>& widths) {
@@ -163,6 +190,8 @@ void GridView::resizeEvent(QResizeEvent* event) {
 void GridView::changeEvent(QEvent* event) {
   QTableView::changeEvent(event);
   if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) {
+    ascii_advances_.clear();
+    cell_margins_ = -1;
     verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 8);
     SyncFrozenView();
     FitToContents();

@@ -29,6 +29,9 @@ class GridView : public QTableView {
 
   // The width a cell needs to show `text` whole in this view's font, margins and grid line included.
   int CellWidthFor(const std::string& text) const;
+  // A width no smaller than CellWidthFor(text), from each character's advance alone, so without
+  // shaping the text; -1 for a text with other than printable ASCII characters.
+  int CellWidthBound(const std::string& text) const;
   // Sets the widths of these (column, pixels) pairs, then fits the view to the new content once.
   void ResizeColumns(const std::vector<std::pair<int, int>>& widths);
   // Follows the content's size: the rows' height, the columns' width and the scroll bars they need.
@@ -67,6 +70,7 @@ class GridView : public QTableView {
   bool NeedsHorizontalBar(int width) const;
   int ContentHeight(int width) const;
   int ContentWidth() const;
+  int CellMargins() const;
 
   CanEdit can_edit_;
   bool freeze_first_column_ = false;
@@ -74,6 +78,9 @@ class GridView : public QTableView {
   bool resizing_columns_ = false;
   int fitted_height_ = -1;
   int fitted_width_ = -1;
+  // Each printable ASCII character's advance in the view's font; empty until first asked for.
+  mutable std::vector<double> ascii_advances_;
+  mutable int cell_margins_ = -1;  // asked of the style once per style
 };
 
 }  // namespace zrsimprp

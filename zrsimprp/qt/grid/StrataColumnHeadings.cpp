@@ -16,14 +16,26 @@ StrataColumnHeadings::StrataColumnHeadings(CPagSimulation& simulation, std::vect
 StrataColumnHeadings::~StrataColumnHeadings() { simulation_.cboRegionLayer.Unsubscribe(subscription_); }
 
 void StrataColumnHeadings::FollowLayer() {
-  if (simulation_.cboRegionLayer.Text() == layer_) return;
+  if (loading_ || simulation_.cboRegionLayer.Text() == layer_) return;
+  Reload();
+}
+
+void StrataColumnHeadings::ReloadAfter(const std::function<void()>& load) {
+  loading_ = true;
+  try {
+    load();
+  } catch (...) {
+    loading_ = false;
+    throw;
+  }
+  loading_ = false;
   Reload();
 }
 
 void StrataColumnHeadings::Reload() {
   layer_ = simulation_.cboRegionLayer.Text();
-  const std::vector<StrataHeadings::Heading> headings =
-      StrataHeadings::ForLayer(CModGlobal::ProjectDatabase(), layer_);
+  const auto headings = std::make_shared<const std::vector<StrataHeadings::Heading>>(
+      StrataHeadings::ForLayer(CModGlobal::ProjectDatabase(), layer_));
   for (GridTableModel* table : tables_) table->SetColumnHeadings(0, 1, headings);
 }
 

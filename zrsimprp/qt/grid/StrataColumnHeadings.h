@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QObject>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -20,16 +21,19 @@ class StrataColumnHeadings : public QObject {
   StrataColumnHeadings(CPagSimulation& simulation, std::vector<GridTableModel*> tables, QObject* parent);
   ~StrataColumnHeadings() override;
 
-  // Reads the layer's strata again (after Initialize: the project may be another one).
-  void Reload();
+  // Runs `load` (the control's Initialize), then reads the layer's strata again: the project may be
+  // another one. Layers chosen while it runs are not read one by one.
+  void ReloadAfter(const std::function<void()>& load);
 
  private:
   void FollowLayer();
+  void Reload();
 
   CPagSimulation& simulation_;
   std::vector<GridTableModel*> tables_;
   std::string layer_;
   int subscription_ = 0;
+  bool loading_ = false;
 };
 
 }  // namespace zrsimprp
