@@ -9,6 +9,7 @@
 
 #include "projectdb/LayerImportOptions.h"
 #include "projectdb/PolygonFeature.h"
+#include "zrsimprp/host/LayerFieldSource.h"
 #include "zrsimprp/host/LayerGeometrySource.h"
 #include "zrsimprp/host/ProjectDatabase.h"
 
@@ -27,6 +28,7 @@ class SqliteStatement;
 // another program changes the file.
 class GeoPackageProject : public ProjectDatabase,
                           public LayerGeometrySource,
+                          public LayerFieldSource,
                           public std::enable_shared_from_this<GeoPackageProject> {
  public:
   // Guards against damaged or hostile files: a statement that runs longer than this many virtual
@@ -162,6 +164,8 @@ class GeoPackageProject : public ProjectDatabase,
 
   // LayerGeometrySource (GeoPackageProjectGeometry.cpp): the layer's polygons from its geometry blobs.
   std::optional<LayerShapes> LayerGeometry(const std::string& layer_name) override;
+  // LayerFieldSource (GeoPackageProjectGeometry.cpp): the numeric columns of the layer's table.
+  std::vector<std::string> NumericFields(const std::string& layer_name) override;
 
   // The open file, for the objects this project hands out.
   SqliteConnection& Connection() { return *connection_; }

@@ -63,5 +63,19 @@ TEST_F(StrataRowFillTest, ALayerFieldIsMatchedByIdAndMustBeNumeric) {
   EXPECT_EQ(grid.TextMatrix(1, 1), "2.5");
 }
 
+TEST_F(StrataRowFillTest, TheFieldsOfferedAreTheLayersNumericOnes) {
+  auto database = MakeSampleProject();
+  database->AddLayerField("Strata", "Area", {Variant(2.5), Variant(int32_t{4}), Variant()});
+  database->AddLayerField("Strata", "Name",
+                          {Variant(std::string("x")), Variant(std::string("y")), Variant(std::string("z"))});
+  database->AddLayerField("Strata", "Households",
+                          {Variant(int32_t{10}), Variant(int32_t{20}), Variant(int32_t{30})});
+  EXPECT_EQ(StrataRowFill::FieldChoices(database, "STRATA"),
+            (std::vector<std::string>{"Area", "Households"}));
+  EXPECT_TRUE(StrataRowFill::FieldChoices(database, "No such layer").empty());
+  EXPECT_TRUE(StrataRowFill::FieldChoices(database, "").empty());
+  EXPECT_TRUE(StrataRowFill::FieldChoices(nullptr, "Strata").empty());
+}
+
 }  // namespace
 }  // namespace zrsimprp

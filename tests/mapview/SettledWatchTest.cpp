@@ -1,5 +1,3 @@
-#include "zrsimprp/qt/map/SettledWatch.h"
-
 #include <gtest/gtest.h>
 
 #include <QElapsedTimer>
@@ -7,6 +5,7 @@
 #include <QTest>
 
 #include "zrsimprp/host/TextBox.h"
+#include "zrsimprp/qt/map/SettledWatch.h"
 
 namespace zrsimprp {
 namespace {

@@ -4,6 +4,7 @@
 #include <cstring>
 
 #include "ProjectTestSupport.h"
+#include "projectdb/GeoPackageLayerFields.h"
 #include "projectdb/GeoPackageProject.h"
 
 namespace zrsimprp::testing {
@@ -174,6 +175,27 @@ TEST_F(ProjectLayerTest, ABinaryValueInAFieldIsReportedNotRead) {
   RunSql(path_, "UPDATE strata SET Label = X'00FF' WHERE StratumID = 3");
   const RuntimeError error = CaptureError([&] { Strata()->GetRows("Label", 0, 1); });
   EXPECT_EQ(error.description, "The field 'Label' of the layer 'Strata' holds binary data, not a value.");
+}
+
+TEST_F(ProjectLayerTest, NumericFieldsAreTheTablesNumberColumnsWithoutIdOrGeometry) {
+  RunSql(path_,
+         "ALTER TABLE strata ADD COLUMN Area REAL; ALTER TABLE strata ADD COLUMN Households INTEGER; "
+         "ALTER TABLE strata ADD COLUMN Surveyed DATE; ALTER TABLE strata ADD COLUMN Coastal BOOLEAN; "
+         "ALTER TABLE strata ADD COLUMN Cover DOUBLE PRECISION; ALTER TABLE strata ADD COLUMN Kind TEXT(8)");
+  project_ = GeoPackageProject::Open(path_);
+  EXPECT_THAT(project_->NumericFields("STRATA"), ElementsAre("Area", "Households", "Cover"));
+  EXPECT_TRUE(project_->NumericFields("No such layer").empty());
+}
+
+TEST(GeoPackageLayerFields, DeclaredTypesThatHoldNumbersAPersonFillsWith) {
+  for (const char* type :
+       {"INTEGER", "int", "MEDIUMINT", "REAL", "FLOAT", "DOUBLE", "numeric(10,2)", "DECIMAL"}) {
+    EXPECT_TRUE(GeoPackageLayerFields::IsNumericType(type)) << type;
+  }
+  for (const char* type :
+       {"TEXT", "TEXT(20)", "BOOLEAN", "DATE", "DATETIME", "BLOB", "", "POLYGON", "MULTIPOINT"}) {
+    EXPECT_FALSE(GeoPackageLayerFields::IsNumericType(type)) << type;
+  }
 }
 
 }  // namespace

@@ -7,6 +7,7 @@
 #include "zrsimprp/host/ErrorTrap.h"
 #include "zrsimprp/host/Layer.h"
 #include "zrsimprp/host/LayerCatalogue.h"
+#include "zrsimprp/host/LayerFieldSource.h"
 #include "zrsimprp/host/ProjectDatabase.h"
 #include "zrsimprp/host/Variant.h"
 
@@ -112,6 +113,18 @@ StrataRowFill::Outcome StrataRowFill::FromLayerField(Grid& grid, int row, int fi
     }
   }
   return Fill(grid, row, first_col, strata, keys, values);
+}
+
+std::vector<std::string> StrataRowFill::FieldChoices(const std::shared_ptr<ProjectDatabase>& database,
+                                                     const std::string& layer_name) {
+  const auto fields = std::dynamic_pointer_cast<LayerFieldSource>(database);
+  if (fields == nullptr || layer_name.empty()) return {};
+  try {
+    return fields->NumericFields(layer_name);
+  } catch (...) {
+    // A list that cannot be read leaves the person typing the name, as with a host that has none.
+    return {};
+  }
 }
 
 std::string StrataRowFill::Describe(const Outcome& outcome) {

@@ -33,6 +33,10 @@ class StrataRowFill {
                                 const std::vector<StrataHeadings::Heading>& strata,
                                 const std::shared_ptr<ProjectDatabase>& database,
                                 const std::string& layer_name, const std::string& field);
+  // The numeric fields of layer `layer_name` a person may pick from; empty when the host cannot list
+  // them (the person then types the name) or the list cannot be read. Never throws.
+  static std::vector<std::string> FieldChoices(const std::shared_ptr<ProjectDatabase>& database,
+                                               const std::string& layer_name);
   // One sentence for a person: what was filled, skipped and left without a value.
   static std::string Describe(const Outcome& outcome);
 

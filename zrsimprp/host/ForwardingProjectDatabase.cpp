@@ -35,4 +35,9 @@ std::optional<LayerShapes> ForwardingProjectDatabase::LayerGeometry(const std::s
   return geometry->LayerGeometry(layer_name);
 }
 
+std::vector<std::string> ForwardingProjectDatabase::NumericFields(const std::string& layer_name) {
+  const auto fields = std::dynamic_pointer_cast<LayerFieldSource>(project_);
+  return fields != nullptr ? fields->NumericFields(layer_name) : std::vector<std::string>();
+}
+
 }  // namespace zrsimprp

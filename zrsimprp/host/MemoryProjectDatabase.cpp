@@ -1,5 +1,6 @@
 #include "zrsimprp/host/MemoryProjectDatabase.h"
 
+#include <algorithm>
 #include <optional>
 #include <unordered_map>
 
@@ -381,7 +382,25 @@ void MemoryProjectDatabase::SetLayerShapes(const std::string& layer,
 
 void MemoryProjectDatabase::AddLayerField(const std::string& layer, const std::string& field,
                                           std::vector<Variant> values) {
-  fields_[{ToLowerAscii(layer), ToLowerAscii(field)}] = std::move(values);
+  auto& kept = fields_[{ToLowerAscii(layer), ToLowerAscii(field)}];
+  if (kept.empty()) field_names_.emplace_back(ToLowerAscii(layer), field);
+  kept = std::move(values);
+}
+
+std::vector<std::string> MemoryProjectDatabase::NumericFields(const std::string& layer_name) {
+  Touch("NumericFields", "LayerFieldSource");
+  const std::string layer = ToLowerAscii(layer_name);
+  std::vector<std::string> numeric;
+  for (const auto& [owner, field] : field_names_) {
+    if (owner != layer) continue;
+    const std::vector<Variant>* values = LayerFieldValues(layer, field);
+    const bool numbers = std::all_of(values->begin(), values->end(), [](const Variant& value) {
+      return std::holds_alternative<std::monostate>(value) || std::holds_alternative<int16_t>(value) ||
+             std::holds_alternative<int32_t>(value) || std::holds_alternative<double>(value);
+    });
+    if (numbers) numeric.push_back(field);
+  }
+  return numeric;
 }
 
 const std::vector<Variant>* MemoryProjectDatabase::LayerFieldValues(const std::string& layer,

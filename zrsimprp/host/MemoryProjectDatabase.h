@@ -8,6 +8,7 @@
 #include <tuple>
 #include <vector>
 
+#include "zrsimprp/host/LayerFieldSource.h"
 #include "zrsimprp/host/LayerGeometrySource.h"
 #include "zrsimprp/host/ProjectDatabase.h"
 
@@ -17,6 +18,7 @@ namespace zrsimprp {
 // fail with FailOn(name), for testing error paths; calls are counted by name.
 class MemoryProjectDatabase : public ProjectDatabase,
                               public LayerGeometrySource,
+                              public LayerFieldSource,
                               public std::enable_shared_from_this<MemoryProjectDatabase> {
  public:
   struct LayerData {
@@ -75,6 +77,9 @@ class MemoryProjectDatabase : public ProjectDatabase,
   // LayerGeometrySource: the shapes given with the layer; no value for an unknown layer or one
   // added without shapes.
   std::optional<LayerShapes> LayerGeometry(const std::string& layer_name) override;
+  // LayerFieldSource: the fields added with AddLayerField whose values are all numbers (or empty), in
+  // the order they were added.
+  std::vector<std::string> NumericFields(const std::string& layer_name) override;
 
   // Used by the objects this database hands out.
   void Touch(const std::string& operation, const std::string& source);
@@ -91,6 +96,7 @@ class MemoryProjectDatabase : public ProjectDatabase,
   std::shared_ptr<State> state_;
   std::map<std::string, LayerShapesData> shapes_;                               // by lower-case layer name
   std::map<std::pair<std::string, std::string>, std::vector<Variant>> fields_;  // lower-case layer, field
+  std::vector<std::pair<std::string, std::string>> field_names_;  // lower-case layer, field as given
   std::set<std::string> failing_;
   std::map<std::string, int> calls_;
 };

@@ -56,11 +56,24 @@ void StrataRowFillMenu::AskForCsvFile(int row) {
 }
 
 void StrataRowFillMenu::AskForField(int row) {
+  const QString title = tr("Fill from a field of the layer");
+  const QString layer = QString::fromStdString(simulation_.cboRegionLayer.Text());
+  const std::vector<std::string> choices =
+      StrataRowFill::FieldChoices(CModGlobal::ProjectDatabase(), simulation_.cboRegionLayer.Text());
   bool ok = false;
-  const QString field = QInputDialog::getText(view_, tr("Fill from a field of the layer"),
-                                              tr("Numeric field of layer '%1', matched by stratum id:")
-                                                  .arg(QString::fromStdString(simulation_.StrataLayer())),
-                                              QLineEdit::Normal, QString(), &ok);
+  QString field;
+  if (choices.empty()) {
+    field = QInputDialog::getText(view_, title,
+                                  tr("Numeric field of layer '%1', matched by stratum id:").arg(layer),
+                                  QLineEdit::Normal, QString(), &ok);
+  } else {
+    QStringList items;
+    for (const std::string& choice : choices) items.append(QString::fromStdString(choice));
+    // Editable, so a field the list does not know can still be typed.
+    field = QInputDialog::getItem(view_, title,
+                                  tr("Numeric field of layer '%1', matched by stratum id:").arg(layer), items,
+                                  0, true, &ok);
+  }
   if (ok && !field.trimmed().isEmpty()) FillFromLayerField(row, field.trimmed());
 }
 
