@@ -110,17 +110,26 @@ def main():
     problems = []
     counts = {"shown": 0, "focusable": 0, "cells": 0}
     walk(app, problems, counts)
-    # Every outer tab in turn, as a person would visit them with the screen reader.
-    tabs = [tab.name for tab in page_tabs(app, [])]
-    for name in tabs:
+    # Every tab in turn, as a person would visit them with the screen reader: a tab that shows up on
+    # a page (the Population page's inner tabs) is visited before the next outer tab hides it again.
+    tabs = []
+    pending = [tab.name for tab in page_tabs(app, [])]
+    while pending:
+        name = pending.pop(0)
+        if name in tabs:
+            continue
         for tab in page_tabs(app, []):
             if tab.name == name:
                 press(tab)
                 time.sleep(0.5)
                 walk(app, problems, counts)
                 break
+        tabs.append(name)
+        shown = [tab.name for tab in page_tabs(app, []) if tab.name not in tabs and tab.name not in pending]
+        pending = shown + pending
     counts["tabs"] = len(tabs)
     print("walked %(tabs)d tabs: %(shown)d shown objects, %(focusable)d focusable, %(cells)d table cells" % counts)
+    print("tabs: " + ", ".join(tabs))
     if counts["focusable"] == 0:
         print("nothing focusable was found: the tree was not walked")
         return 1
