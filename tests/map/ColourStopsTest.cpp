@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 #include <vector>
@@ -60,6 +61,31 @@ TEST(ColourStops, ManyValuesAreThinnedEvenlyByRankAndKeepTheirEnds) {
     EXPECT_GE(position, previous);
     previous = position;
   }
+}
+
+TEST(ColourStops, AFewValuesOverAMillionCellsAreExact) {
+  std::vector<float> values(1'000'000, 100.0f);
+  for (size_t i = 500'000; i < 500'400; ++i) values[i] = 7.0f;
+  values[999'999] = std::numeric_limits<float>::quiet_NaN();
+  const ColourStops stops = ColourStops::Of(values);
+  EXPECT_TRUE(stops.Exact());
+  EXPECT_EQ(stops.Values(), (std::vector<double>{7, 100}));
+}
+
+TEST(ColourStops, AManyValuedLargeRasterIsRankedFromASampleAndKeepsItsTrueEnds) {
+  std::vector<float> values;
+  for (int i = 0; i < 1'000'000; ++i) values.push_back(static_cast<float>(i % 100'003) * 0.01f);
+  // The extremes sit where no stride of the sample lands.
+  values[12'345] = -5.0f;
+  values[987'653] = 5000.0f;
+  const ColourStops stops = ColourStops::Of(values);
+  EXPECT_FALSE(stops.Exact());
+  ASSERT_EQ(stops.Values().size(), ColourStops::kMaxStops);
+  EXPECT_DOUBLE_EQ(stops.Values().front(), -5.0);
+  EXPECT_DOUBLE_EQ(stops.Values().back(), 5000.0);
+  EXPECT_TRUE(std::is_sorted(stops.Values().begin(), stops.Values().end()));
+  // Evenly ranked: the middle of the values' range sits near the middle of the scale.
+  EXPECT_NEAR(stops.Position(500.0), 0.5, 0.03);
 }
 
 }  // namespace

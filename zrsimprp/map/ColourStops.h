@@ -6,8 +6,9 @@
 namespace zrsimprp {
 
 // Where each value of a surface sits on the colour scale. The distinct values the surface takes (or,
-// when it takes many, evenly ranked ones among them) are spread evenly over the scale and the
-// colours run linearly between them, so neighbouring values a person typed (0.5 and 1 beside a 3)
+// when it takes many, evenly ranked ones among them: over a sample of a large raster, with its true
+// smallest and largest values at the ends) are spread evenly over the scale and the colours run
+// linearly between them, so neighbouring values a person typed (0.5 and 1 beside a 3)
 // get clearly different colours however far the largest value lies.
 class ColourStops {
  public:
