@@ -6,6 +6,7 @@
 #include <QTextOption>
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 #include "zrsimprp/map/ColourStops.h"
 #include "zrsimprp/map/MapNumber.h"
@@ -62,14 +63,19 @@ QImage SurfaceImage(const MapModel& model) {
     // Image rows run north to south; grid rows south to north.
     auto* line = reinterpret_cast<QRgb*>(image.scanLine(raster.Rows() - 1 - row));
     const float* values = model.values.data() + raster.Index(0, row);
+    // Cells of one stratum mostly share a value: a run costs one look-up on the scale.
+    float last_value = std::numeric_limits<float>::quiet_NaN();
+    QRgb last_colour = qRgba(0, 0, 0, 0);
     for (int32_t col = 0; col < raster.Columns(); ++col) {
       const float value = values[col];
-      if (std::isnan(value)) {
-        line[col] = qRgba(0, 0, 0, 0);
-        continue;
+      if (value != last_value) {
+        last_value = value;
+        last_colour =
+            std::isnan(value)
+                ? qRgba(0, 0, 0, 0)
+                : lut[std::clamp(static_cast<int>(model.colour_stops.Position(value) * 255.0 + 0.5), 0, 255)];
       }
-      const double t = model.colour_stops.Position(value);
-      line[col] = lut[std::clamp(static_cast<int>(t * 255.0 + 0.5), 0, 255)];
+      line[col] = last_colour;
     }
   }
   return image;
