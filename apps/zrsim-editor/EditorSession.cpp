@@ -7,6 +7,7 @@
 #include <QFileInfo>
 #include <QHBoxLayout>
 #include <QInputDialog>
+#include <QKeyEvent>
 #include <QKeySequence>
 #include <QMenu>
 #include <QMenuBar>
@@ -175,6 +176,14 @@ bool EditorSession::ShowDocument(std::unique_ptr<EditorDocument> document) {
   RefreshRecent();
   RefreshSimulations();
   return true;
+}
+
+void EditorSession::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Escape && event->modifiers() == Qt::NoModifier && window_ != nullptr) {
+    window_->reject();
+    return;
+  }
+  QMainWindow::keyPressEvent(event);
 }
 
 bool EditorSession::MayLeave() {

@@ -92,6 +92,8 @@ class EditorSession : public QMainWindow {
 
  protected:
   void closeEvent(QCloseEvent* event) override;
+  // Esc pressed outside the form (in the simulations list) cancels as it does in the form.
+  void keyPressEvent(QKeyEvent* event) override;
   // Mirrors the form's unsaved-changes marker into the title bar.
   bool eventFilter(QObject* watched, QEvent* event) override;
 

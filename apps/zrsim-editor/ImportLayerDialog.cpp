@@ -27,7 +27,7 @@ ImportLayerDialog::ImportLayerDialog(const std::vector<std::string>& project_lay
     : QDialog(parent) {
   setWindowTitle(tr("Import layer"));
   file_ = new QLineEdit(this);
-  auto* browse = new QPushButton(tr("&Browse…"), this);
+  auto* browse = new QPushButton(tr("Bro&wse…"), this);
   auto* file_row = new QHBoxLayout;
   file_row->addWidget(file_, 1);
   file_row->addWidget(browse);
@@ -39,7 +39,7 @@ ImportLayerDialog::ImportLayerDialog(const std::vector<std::string>& project_lay
   kind_->addItem(tr("1: study region"), 1);
   kind_->addItem(tr("2: strata inside a parent layer"), 2);
   kind_->setCurrentIndex(1);
-  use_parent_ = new QRadioButton(tr("&Inside the layer"), this);
+  use_parent_ = new QRadioButton(tr("Inside &the layer"), this);
   parent_ = new QComboBox(this);
   for (const std::string& layer : project_layers) parent_->addItem(QString::fromStdString(layer));
   make_region_ = new QRadioButton(tr("Inside a &region made from these strata, named"), this);

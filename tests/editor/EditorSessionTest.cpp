@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <QAbstractButton>
 #include <QComboBox>
+#include <QLabel>
 #include <QLayout>
 #include <QLineEdit>
 #include <QListWidget>
@@ -13,6 +15,7 @@
 #include <QTest>
 #include <filesystem>
 #include <fstream>
+#include <map>
 
 #include "EditorFixture.h"
 #include "projectdb/GeoPackageProject.h"
@@ -118,6 +121,23 @@ TEST_F(EditorSessionTest, ClickingAnotherSimulationAsksAboutUnsavedChangesFirst)
   ClickSimulation("Sample simulation");
   EXPECT_EQ(questions_.size(), 2u);
   EXPECT_EQ(session_->Document()->SimulationName(), "Sample simulation");
+}
+
+TEST_F(EditorSessionTest, EscapeInTheSimulationsListCancelsAsInTheForm) {
+  ASSERT_TRUE(session_->OpenProject(Sample()));
+  session_->show();
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(session_.get()));
+  TypeRepsInSession("77");
+  QListWidget* list = session_->Simulations().List();
+  list->setFocus();
+  QTest::keyClick(list, Qt::Key_Escape);
+  ASSERT_EQ(questions_.size(), 1u);  // and the answer was to go back
+  EXPECT_TRUE(session_->isVisible());
+  answers_ = {Choice::kDiscard};
+  QTest::keyClick(list, Qt::Key_Escape);
+  EXPECT_EQ(questions_.size(), 2u);
+  EXPECT_FALSE(session_->isVisible());
+  EXPECT_EQ(StoredDefinition().find("Reps=77;"), std::string::npos);
 }
 
 TEST_F(EditorSessionTest, CtrlSValidatesAndSavesAsApplyDoes) {
@@ -352,6 +372,34 @@ TEST_F(EditorSessionTest, ARenamedSimulationKeepsItsRememberedTab) {
   EXPECT_EQ(zrsim_editor::PersonalSettings(path, "Sample simulation")
                 .ReadSetting(0, 2, "SIMProperties", "CurrentTab", missing),
             missing);
+}
+
+// The letters a dialog's captions underline, with the captions that use each more than once.
+std::vector<std::string> RepeatedMnemonics(const QWidget& dialog) {
+  std::map<QChar, QStringList> users;
+  QStringList captions;
+  for (const QLabel* label : dialog.findChildren<QLabel*>()) captions << label->text();
+  for (const QAbstractButton* button : dialog.findChildren<QAbstractButton*>()) captions << button->text();
+  for (const QString& caption : captions) {
+    const qsizetype at = caption.indexOf(QLatin1Char('&'));
+    if (at >= 0 && at + 1 < caption.size() && caption[at + 1] != QLatin1Char('&')) {
+      users[caption[at + 1].toLower()] << caption;
+    }
+  }
+  std::vector<std::string> repeated;
+  for (const auto& [letter, with] : users) {
+    if (with.size() > 1) repeated.push_back(with.join(QStringLiteral(" / ")).toStdString());
+  }
+  return repeated;
+}
+
+TEST_F(EditorSessionTest, EachDialogUnderlinesALetterOnlyOnce) {
+  const zrsim_editor::ImportLayerDialog import({"Study region", "Strata"});
+  EXPECT_EQ(RepeatedMnemonics(import), std::vector<std::string>());
+  const zrsim_editor::NewDesignDialog design({"Strata"}, 3);
+  EXPECT_EQ(RepeatedMnemonics(design), std::vector<std::string>());
+  const zrsim_editor::NewSurveyDialog survey({{1, "Lines"}}, 5);
+  EXPECT_EQ(RepeatedMnemonics(survey), std::vector<std::string>());
 }
 
 }  // namespace
