@@ -42,9 +42,14 @@ install(FILES ${PROJECT_BINARY_DIR}/generated/zrsimprp/Version.h DESTINATION ${C
         COMPONENT development)
 if(ZRSIMPRP_HAS_PROJECTDB)
   install(DIRECTORY ${PROJECT_SOURCE_DIR}/projectdb DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}
-          COMPONENT development FILES_MATCHING PATTERN "*.h" PATTERN "tools" EXCLUDE)
+          COMPONENT development FILES_MATCHING PATTERN "*.h" PATTERN "tools" EXCLUDE PATTERN "gdal" EXCLUDE)
 endif()
 
+# The GDAL module the project library loads on the first import, where it looks for it beside the
+# programs (lib/zrsimprp/ under the prefix).
+if(TARGET zrsimprp_gdal)
+  install(TARGETS zrsimprp_gdal LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}/zrsimprp COMPONENT applications)
+endif()
 foreach(program zrsim zrsim-map zrsim-editor)
   if(TARGET ${program})
     install(TARGETS ${program} RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT applications)

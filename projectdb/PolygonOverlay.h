@@ -6,8 +6,8 @@
 
 namespace zrsimprp {
 
-// Planar overlays of polygons (through GDAL's geometry engine): the dissolve that makes a study region
-// out of its strata, and how much of one set of polygons lies inside another.
+// Planar overlays of polygons (through GDAL's geometry engine, in the GDAL module): the dissolve that makes a
+// study region out of its strata, and how much of one set of polygons lies inside another.
 class PolygonOverlay {
  public:
   // The union of every polygon of `features`: shared edges disappear, holes no feature fills stay.

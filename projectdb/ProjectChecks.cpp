@@ -10,10 +10,6 @@
 
 namespace zrsimprp {
 
-void ProjectChecks::Refuse(const std::string& description) {
-  throw RuntimeError(error_number::kInvalidProcedureCall, kSource, description);
-}
-
 void ProjectChecks::CheckName(const std::string& name, const std::string& what) {
   if (TrimBlanks(name).empty()) Refuse("A " + what + " needs a name.");
   if (name.find('\0') != std::string::npos)

@@ -3,6 +3,8 @@
 #include <cstdint>
 #include <string>
 
+#include "zrsimprp/host/RuntimeError.h"
+
 namespace zrsimprp {
 
 class SqliteConnection;
@@ -14,8 +16,11 @@ class ProjectChecks {
   // The interface a project's failures are reported under.
   static constexpr const char* kSource = "ProjectDatabase";
 
-  // Raises a RuntimeError of kSource with `description`, a sentence a person can act on.
-  [[noreturn]] static void Refuse(const std::string& description);
+  // Raises a RuntimeError of kSource with `description`, a sentence a person can act on. Defined here so
+  // that the GDAL module refuses in the same words without linking this library.
+  [[noreturn]] static void Refuse(const std::string& description) {
+    throw RuntimeError(error_number::kInvalidProcedureCall, kSource, description);
+  }
   // Refuses a blank name, or one holding a NUL character, of a `what` ("layer", "simulation", ...).
   static void CheckName(const std::string& name, const std::string& what);
   // Explains a path that cannot be a `role` ("project file", "GeoPackage") before SQLite is asked, so

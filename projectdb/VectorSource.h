@@ -1,5 +1,7 @@
 #pragma once
 
+#include <algorithm>
+#include <cmath>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -7,16 +9,15 @@
 
 #include "projectdb/PolygonFeature.h"
 
-class GDALDataset;
-class OGRLayer;
-class OGRSpatialReference;
-
 namespace zrsimprp {
+
+class VectorReader;
 
 // A polygon layer of any vector file GDAL reads (GeoPackage, Shapefile, GeoJSON, FlatGeobuf, KML, ...),
 // read into the features a project layer is written from, reprojected on the way when asked. Every
 // refusal is a RuntimeError whose one sentence names what the file has instead: the layers of the
-// file when the asked one is not there, the fields of the layer when a field is not.
+// file when the asked one is not there, the fields of the layer when a field is not. GDAL itself is
+// loaded with the first source opened (GeoBackend), so a program that reads none never loads it.
 class VectorSource {
  public:
   // The coordinate system the features were read in, as a GeoPackage describes one.
@@ -34,7 +35,8 @@ class VectorSource {
     std::vector<PolygonFeature> features;
   };
 
-  // Opens `path` read-only; refused when GDAL cannot read it as vector data.
+  // Opens `path` read-only; refused when it is missing, when GDAL cannot be loaded, or when GDAL cannot
+  // read it as vector data.
   explicit VectorSource(const std::string& path);
   ~VectorSource();
   VectorSource(const VectorSource&) = delete;
@@ -55,19 +57,15 @@ class VectorSource {
              const std::string& to_crs) const;
 
   // "EPSG:N" of the WGS 84 UTM zone holding the point (longitude, latitude in degrees).
-  static std::string UtmZoneFor(double longitude, double latitude);
+  static std::string UtmZoneFor(double longitude, double latitude) {
+    double wrapped = std::fmod(longitude + 180.0, 360.0);
+    if (wrapped < 0) wrapped += 360.0;
+    const int zone = std::min(60, static_cast<int>(std::floor(wrapped / 6.0)) + 1);
+    return "EPSG:" + std::to_string((latitude < 0 ? 32700 : 32600) + zone);
+  }
 
  private:
-  OGRLayer* LayerNamed(const std::string& table) const;
-  // The index of the field `field` of `layer`, refused naming the fields there are.
-  static int FieldIndex(OGRLayer& layer, const std::string& field, const std::string& where);
-  // The target system of `to_crs` for `layer`; null when the coordinates are kept.
-  std::unique_ptr<OGRSpatialReference> TargetSystem(OGRLayer& layer, const std::string& to_crs,
-                                                    const std::string& where) const;
-  static CoordinateSystem Describe(const OGRSpatialReference* system);
-
-  std::string path_;
-  std::unique_ptr<GDALDataset> dataset_;
+  std::unique_ptr<VectorReader> reader_;
 };
 
 }  // namespace zrsimprp

@@ -2,8 +2,9 @@ find_package(SQLite3 REQUIRED)
 set(AREA_LIBS ZrSIMPrp::ProjectDb SQLite::SQLite3)
 set(AREA_NEEDS zrsimprp_projectdb)
 
-# GDAL belongs to the reference host (projectdb and the two programs): a host that embeds only
-# ZrSIMPrp::Core and ZrSIMPrp::Widgets must never link it. Checked over every library they link.
+# GDAL belongs to the reference host's GDAL module, loaded when a layer is first imported: no library
+# links it, so neither a host that embeds ZrSIMPrp::Core and ZrSIMPrp::Widgets nor a program that never
+# imports a layer loads it. Checked over every library they link.
 function(zrsimprp_links_gdal target result)
   set(${result} OFF PARENT_SCOPE)
   if(NOT TARGET ${target})
@@ -39,13 +40,13 @@ function(zrsimprp_links_gdal target result)
     endif()
   endforeach()
 endfunction()
-foreach(embedded zrsimprp_core zrsimprp_widgets)
-  zrsimprp_links_gdal(${embedded} embedded_links_gdal)
-  if(embedded_links_gdal)
-    message(FATAL_ERROR "${embedded} links GDAL; only the reference host (projectdb and the programs) may")
+foreach(library zrsimprp_core zrsimprp_widgets zrsimprp_projectdb)
+  zrsimprp_links_gdal(${library} library_links_gdal)
+  if(library_links_gdal)
+    message(FATAL_ERROR "${library} links GDAL; only the GDAL module (zrsimprp_gdal) may")
   endif()
 endforeach()
-zrsimprp_links_gdal(zrsimprp_projectdb projectdb_links_gdal)
-if(NOT projectdb_links_gdal)
-  message(FATAL_ERROR "The check that Core and Widgets do not link GDAL no longer sees projectdb's GDAL")
+zrsimprp_links_gdal(zrsimprp_gdal module_links_gdal)
+if(NOT module_links_gdal)
+  message(FATAL_ERROR "The check that no library links GDAL no longer sees the GDAL module's")
 endif()

@@ -1,4 +1,4 @@
-#include "projectdb/OgrPolygons.h"
+#include "projectdb/gdal/OgrPolygons.h"
 
 #include <ogr_geometry.h>
 
