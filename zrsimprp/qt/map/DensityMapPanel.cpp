@@ -61,24 +61,6 @@ void DensityMapPanel::RedrawNow() {
   Recompute(true);
 }
 
-void DensityMapPanel::RefreshLayers() {
-  const std::shared_ptr<ProjectDatabase> database = CModGlobal::ProjectDatabase();
-  const std::string region = simulation_.cboRegionLayer.Text();
-  const bool dsm = density_.optDensity.Selected() == 2;
-  const std::string dsm_layer = dsm ? density_.cboLayer.Text() : "";
-  const std::string dsm_field = dsm ? density_.cboField.Text() : "";
-  const bool same_project = layers_ && database == database_;
-  const bool same_region = same_project && layers_->region_layer == region;
-  const bool same_dsm = same_project && layers_->dsm_layer == dsm_layer && layers_->dsm_field == dsm_field;
-  if (same_region && same_dsm) return;
-  // The host's project is read here, on its own thread; the computations only see the copies.
-  auto next = layers_ ? std::make_shared<MapLayers>(*layers_) : std::make_shared<MapLayers>();
-  if (!same_region) MapLayers::LoadRegion(*next, database, region);
-  if (!same_dsm) MapLayers::LoadDsm(*next, database, dsm_layer, dsm_field);
-  database_ = database;
-  layers_ = std::move(next);
-}
-
 void DensityMapPanel::Recompute(bool wait) {
   if (computing_) {
     // One computation at a time: edits made meanwhile are taken up, all at once, when it ends.
@@ -90,10 +72,10 @@ void DensityMapPanel::Recompute(bool wait) {
     }
     again_ = false;
   }
-  RefreshLayers();
+  kept_.Follow(CModGlobal::ProjectDatabase(), density_, simulation_);
   const DensityMapInputs inputs = DensityMapInputs::FromPage(density_);
   const int64_t generation = ++generation_;
-  const std::shared_ptr<const MapLayers> layers = layers_;
+  const std::shared_ptr<const MapLayers> layers = kept_.Layers();
   const std::shared_ptr<const MapModel> previous = model_;
   DensitySurfaceInputs spacing_only;
   spacing_only.grid_spacing = inputs.grid_spacing;

@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "zrsimprp/map/KeptMapLayers.h"
 #include "zrsimprp/map/MapLayers.h"
 #include "zrsimprp/map/MapModel.h"
 #include "zrsimprp/qt/map/SettledWatch.h"
@@ -47,7 +48,6 @@ class DensityMapPanel : public QWidget {
 
  private:
   void Recompute(bool wait);
-  void RefreshLayers();
   void Finished(std::shared_ptr<const MapModel> model, int64_t generation);
   void Show(std::shared_ptr<const MapModel> model, int64_t generation);
 
@@ -56,8 +56,7 @@ class DensityMapPanel : public QWidget {
   MapCanvas* canvas_;
   QLabel* status_;
   SettledWatch settle_;
-  std::shared_ptr<ProjectDatabase> database_;
-  std::shared_ptr<const MapLayers> layers_;
+  KeptMapLayers kept_;
   std::shared_ptr<const MapModel> model_;
   int64_t generation_ = 0;
   bool computing_ = false;  // a worker is computing

@@ -108,33 +108,17 @@ void PreviewPanel::showEvent(QShowEvent* event) {
   if (stale_ || settle_.Pending() || !preview_) RecomputeNow();
 }
 
-void PreviewPanel::RefreshLayers() {
-  const std::shared_ptr<ProjectDatabase> database = CModGlobal::ProjectDatabase();
-  const std::string region = control_.pagSimulation.cboRegionLayer.Text();
-  const bool dsm = control_.pagDensity.optDensity.Selected() == 2;
-  const std::string dsm_layer = dsm ? control_.pagDensity.cboLayer.Text() : "";
-  const std::string dsm_field = dsm ? control_.pagDensity.cboField.Text() : "";
-  const bool same_project = layers_ && database == database_;
-  const bool same_region = same_project && layers_->region_layer == region;
-  const bool same_dsm = same_project && layers_->dsm_layer == dsm_layer && layers_->dsm_field == dsm_field;
-  if (same_region && same_dsm) return;
-  auto next = layers_ ? std::make_shared<MapLayers>(*layers_) : std::make_shared<MapLayers>();
-  if (!same_region) MapLayers::LoadRegion(*next, database, region);
-  if (!same_dsm) MapLayers::LoadDsm(*next, database, dsm_layer, dsm_field);
-  database_ = database;
-  layers_ = std::move(next);
-}
-
 void PreviewPanel::RecomputeNow() {
   settle_.Cancel();
   stale_ = false;
   try {
-    RefreshLayers();
+    kept_.Follow(CModGlobal::ProjectDatabase(), control_.pagDensity, control_.pagSimulation);
     PreviewInputs inputs = PreviewInputsReader::FromPages(control_);
-    inputs.layers = *layers_;
-    if (database_) {
-      inputs.design = PreviewInputsReader::DesignOf(*database_, control_.pagSimulation.TransectObjectType(),
-                                                    control_.pagSimulation.TransectObjectID());
+    inputs.layers = *kept_.Layers();
+    if (kept_.Database()) {
+      inputs.design =
+          PreviewInputsReader::DesignOf(*kept_.Database(), control_.pagSimulation.TransectObjectType(),
+                                        control_.pagSimulation.TransectObjectID());
     } else {
       inputs.design.missing = "There is no project, so there is no survey design to preview.";
     }
@@ -168,10 +152,11 @@ void PreviewPanel::DrawAgain() {
 }
 
 void PreviewPanel::DrawSurvey() {
-  if (!preview_->Usable() || !layers_ || !layers_->region) {
+  if (!preview_->Usable() || !kept_.Layers() || !kept_.Layers()->region) {
     survey_ = std::make_shared<const DrawnSurvey>();
   } else {
-    survey_ = std::make_shared<const DrawnSurvey>(SurveyDrawer::Draw(*preview_, *layers_->region, seed_));
+    survey_ =
+        std::make_shared<const DrawnSurvey>(SurveyDrawer::Draw(*preview_, *kept_.Layers()->region, seed_));
   }
   const bool shown = survey_->refusal.empty() && preview_->Usable();
   SurveyOverlay::ShowOn(*map_, survey_);

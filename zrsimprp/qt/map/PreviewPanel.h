@@ -7,6 +7,7 @@
 #include <utility>
 #include <vector>
 
+#include "zrsimprp/map/KeptMapLayers.h"
 #include "zrsimprp/map/MapLayers.h"
 #include "zrsimprp/preview/DrawnSurvey.h"
 #include "zrsimprp/preview/Preview.h"
@@ -60,7 +61,6 @@ class PreviewPanel : public QWidget {
   void showEvent(QShowEvent* event) override;
 
  private:
-  void RefreshLayers();
   void DrawSurvey();
   void ShowNumbers();
 
@@ -70,8 +70,7 @@ class PreviewPanel : public QWidget {
   QPushButton* draw_;
   MapCanvas* map_;
   SettledWatch settle_;
-  std::shared_ptr<ProjectDatabase> database_;
-  std::shared_ptr<const MapLayers> layers_;
+  KeptMapLayers kept_;
   std::shared_ptr<const Preview> preview_;
   std::shared_ptr<const MapModel> last_surface_;
   std::shared_ptr<const DrawnSurvey> survey_;
