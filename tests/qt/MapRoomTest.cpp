@@ -7,6 +7,7 @@
 #include <string>
 
 #include "QtTestSupport.h"
+#include "StrataInRegionProject.h"
 #include "zrsimprp/host/MemoryProjectDatabase.h"
 #include "zrsimprp/modules/CModGlobal.h"
 #include "zrsimprp/qt/SIMPropertiesWidget.h"
@@ -19,29 +20,7 @@ namespace {
 using testing::RunEventLoopTurn;
 
 // A survey over a layer of 281 strata inside a one-stratum region.
-std::shared_ptr<MemoryProjectDatabase> ManyStrata() {
-  auto database = std::make_shared<MemoryProjectDatabase>();
-  database->AddDesign(10, "Lines", "\"STRATUM LAYER\"=Strata;");
-  database->AddSurvey(1, "Line survey", 1, 10);
-  MemoryProjectDatabase::LayerData region;
-  region.name = "Region";
-  region.kind = 1;
-  region.label_field = "Label";
-  region.ids.emplace_back(int32_t{1});
-  region.labels.emplace_back(std::string("Whole region"));
-  database->AddLayer(region);
-  MemoryProjectDatabase::LayerData layer;
-  layer.name = "Strata";
-  layer.kind = 2;
-  layer.parent = "Region";
-  layer.label_field = "Label";
-  for (int i = 1; i <= 281; ++i) {
-    layer.ids.emplace_back(int32_t{i});
-    layer.labels.emplace_back(std::string("Tract ") + std::to_string(i));
-  }
-  database->AddLayer(layer);
-  return database;
-}
+std::shared_ptr<MemoryProjectDatabase> ManyStrata() { return testing::StrataInRegionProject(281, "Tract "); }
 
 class MapRoomTest : public ::testing::Test {
  protected:

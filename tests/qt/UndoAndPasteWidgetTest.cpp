@@ -17,6 +17,7 @@
 #include <vector>
 
 #include "QtTestSupport.h"
+#include "StrataInRegionProject.h"
 #include "zrsimprp/control/SIMProperties.h"
 #include "zrsimprp/host/MemoryProjectDatabase.h"
 #include "zrsimprp/modules/CModErrorHandling.h"
@@ -32,29 +33,9 @@ namespace {
 using testing::RunEventLoopTurn;
 using Texts = std::vector<std::string>;
 
-// A design over the strata layer "Strata" (`strata` strata, inside the one-stratum "Region"), so the
-// region list offers both layers.
+// A design over `strata` strata inside a region, with a data filter and a model to analyse with.
 std::shared_ptr<MemoryProjectDatabase> MakeProject(int strata) {
-  auto database = std::make_shared<MemoryProjectDatabase>();
-  database->AddDesign(10, "Lines", "\"STRATUM LAYER\"=Strata;");
-  database->AddSurvey(1, "Line survey", 1, 10);
-  MemoryProjectDatabase::LayerData region;
-  region.name = "Region";
-  region.kind = 1;
-  region.label_field = "Label";
-  region.ids.emplace_back(int32_t{1});
-  region.labels.emplace_back(std::string("Whole region"));
-  database->AddLayer(region);
-  MemoryProjectDatabase::LayerData layer;
-  layer.name = "Strata";
-  layer.kind = 2;
-  layer.parent = "Region";
-  layer.label_field = "Label";
-  for (int i = 1; i <= strata; ++i) {
-    layer.ids.emplace_back(int32_t{i});
-    layer.labels.emplace_back(std::string("S") + std::to_string(i));
-  }
-  database->AddLayer(layer);
+  auto database = testing::StrataInRegionProject(strata, "S");
   database->AddDataFilter(5, "All data");
   database->AddModelDefinition(7, "HN model", "MA", "");
   return database;
