@@ -7,6 +7,7 @@
 #include <QPainter>
 
 #include "bench/MapBenchLayers.h"
+#include "bench/QtBench.h"
 #include "zrsimprp/map/DensityMapBuilder.h"
 #include "zrsimprp/qt/map/MapPainter.h"
 
@@ -57,11 +58,4 @@ BENCHMARK(BM_ZoomFiveThousandStrata)->Unit(benchmark::kMillisecond);
 }  // namespace
 }  // namespace zrsimprp
 
-int main(int argc, char** argv) {
-  qputenv("QT_QPA_PLATFORM", "offscreen");
-  QGuiApplication application(argc, argv);
-  benchmark::Initialize(&argc, argv);
-  benchmark::RunSpecifiedBenchmarks();
-  benchmark::Shutdown();
-  return 0;
-}
+int main(int argc, char** argv) { return zrsimprp::bench::RunQtBenchmarks<QGuiApplication>(argc, argv); }

@@ -8,6 +8,7 @@
 #include <memory>
 #include <string>
 
+#include "bench/QtBench.h"
 #include "zrsimprp/control/SIMProperties.h"
 #include "zrsimprp/host/MemoryProjectDatabase.h"
 #include "zrsimprp/modules/CModGlobal.h"
@@ -19,29 +20,13 @@ namespace {
 
 constexpr int kCells = 10000;
 
-std::shared_ptr<zrsimprp::MemoryProjectDatabase> MakeProject(int strata) {
-  auto database = std::make_shared<zrsimprp::MemoryProjectDatabase>();
-  database->AddDesign(10, "Lines", "\"STRATUM LAYER\"=Strata;");
-  database->AddSurvey(1, "Line survey", 1, 10);
-  zrsimprp::MemoryProjectDatabase::LayerData layer;
-  layer.name = "Strata";
-  layer.kind = 1;
-  layer.label_field = "Label";
-  for (int i = 1; i <= strata; ++i) {
-    layer.ids.emplace_back(int32_t{i});
-    layer.labels.emplace_back(std::string("S") + std::to_string(i));
-  }
-  database->AddLayer(layer);
-  return database;
-}
-
 // A widget on the Density page over 10,000 strata, the clipboard holding one density per stratum.
 struct PasteSetUp {
   PasteSetUp() {
     zrsimprp::CModGlobal::Clear();
     widget = std::make_unique<zrsimprp::SIMPropertiesWidget>();
     widget->Platform().SetMessageSink([](const std::string&, const std::string&, zrsimprp::MessageIcon) {});
-    widget->SetProjectDatabase(MakeProject(kCells));
+    widget->SetProjectDatabase(zrsimprp::bench::OneSurveyProject(kCells));
     widget->SetDefinition("Transects=Survey /ObjectID=1;\r\nStrataLayer=Strata;\r\nReps=10;\r\n");
     widget->Initialize();
     widget->resize(1000, 700);
@@ -95,11 +80,4 @@ BENCHMARK(BM_UndoPasteOfTenThousandCells)->Unit(benchmark::kMillisecond)->UseRea
 
 }  // namespace
 
-int main(int argc, char** argv) {
-  qputenv("QT_QPA_PLATFORM", "offscreen");
-  QApplication app(argc, argv);
-  benchmark::Initialize(&argc, argv);
-  benchmark::RunSpecifiedBenchmarks();
-  benchmark::Shutdown();
-  return 0;
-}
+int main(int argc, char** argv) { return zrsimprp::bench::RunQtBenchmarks<QApplication>(argc, argv); }

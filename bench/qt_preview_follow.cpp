@@ -12,6 +12,7 @@
 #include <memory>
 #include <string>
 
+#include "bench/QtBench.h"
 #include "projectdb/GeoPackageProject.h"
 #include "projectdb/SampleProject.h"
 #include "zrsimprp/control/SIMProperties.h"
@@ -65,12 +66,4 @@ BENCHMARK(BM_PreviewWithDrawnSurveyFollowsAnEdit)->Unit(benchmark::kMillisecond)
 
 }  // namespace
 
-int main(int argc, char** argv) {
-  qputenv("QT_QPA_PLATFORM", "offscreen");
-  QApplication app(argc, argv);
-  benchmark::Initialize(&argc, argv);
-  if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
-  benchmark::RunSpecifiedBenchmarks();
-  benchmark::Shutdown();
-  return 0;
-}
+int main(int argc, char** argv) { return zrsimprp::bench::RunQtBenchmarks<QApplication>(argc, argv); }

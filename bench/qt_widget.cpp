@@ -6,6 +6,7 @@
 #include <memory>
 #include <string>
 
+#include "bench/QtBench.h"
 #include "zrsimprp/control/SIMProperties.h"
 #include "zrsimprp/host/MemoryProjectDatabase.h"
 #include "zrsimprp/modules/CModGlobal.h"
@@ -13,26 +14,9 @@
 
 namespace {
 
-std::shared_ptr<zrsimprp::MemoryProjectDatabase> MakeProject(int strata) {
-  using zrsimprp::Variant;
-  auto database = std::make_shared<zrsimprp::MemoryProjectDatabase>();
-  database->AddDesign(10, "Lines", "\"STRATUM LAYER\"=Strata;");
-  database->AddSurvey(1, "Line survey", 1, 10);
-  zrsimprp::MemoryProjectDatabase::LayerData layer;
-  layer.name = "Strata";
-  layer.kind = 1;
-  layer.label_field = "Label";
-  for (int i = 1; i <= strata; ++i) {
-    layer.ids.emplace_back(int32_t{i});
-    layer.labels.emplace_back(std::string("S") + std::to_string(i));
-  }
-  database->AddLayer(layer);
-  return database;
-}
-
 void BM_CreateLoadAndRender(benchmark::State& state) {
   const int strata = static_cast<int>(state.range(0));
-  auto database = MakeProject(strata);
+  auto database = zrsimprp::bench::OneSurveyProject(strata);
   const std::string definition = "Transects=Survey /ObjectID=1;\r\nStrataLayer=Strata;\r\nReps=10;\r\n";
   for (auto _ : state) {
     zrsimprp::CModGlobal::Clear();
@@ -54,11 +38,4 @@ BENCHMARK(BM_CreateLoadAndRender)->Arg(3)->Arg(1000)->Unit(benchmark::kMilliseco
 
 }  // namespace
 
-int main(int argc, char** argv) {
-  qputenv("QT_QPA_PLATFORM", "offscreen");
-  QApplication app(argc, argv);
-  benchmark::Initialize(&argc, argv);
-  benchmark::RunSpecifiedBenchmarks();
-  benchmark::Shutdown();
-  return 0;
-}
+int main(int argc, char** argv) { return zrsimprp::bench::RunQtBenchmarks<QApplication>(argc, argv); }
