@@ -1,5 +1,7 @@
 // Painting the density map: turning a model into what the view draws (paths and the surface image)
-// and drawing it into an 800 x 600 picture, for the sample-sized map and for 5,000 strata.
+// and drawing it into an 800 x 600 picture, for the sample-sized map and for 5,000 strata, and a
+// person panning and zooming the map of 5,000 strata (each step repaints the map once, the strata
+// drawn again at the new scale or place).
 #include <benchmark/benchmark.h>
 
 #include <QGuiApplication>
@@ -20,6 +22,12 @@ std::shared_ptr<const MapModel> Model(int strata, const std::string& spacing) {
       DensityMapBuilder::Build(layers, map_bench::UniformFor(layers, spacing)));
 }
 
+// Draws the map into the whole of `picture`.
+void PaintInto(MapPainter& map, QImage& picture) {
+  QPainter painter(&picture);
+  map.Paint(painter, QRectF(0, 0, picture.width(), picture.height()), QGuiApplication::palette());
+}
+
 // Three strata and a 30 x 20 grid, as large as the sample project's map.
 void BM_PaintSmallMap(benchmark::State& state) {
   const auto model = Model(3, "100");
@@ -27,8 +35,7 @@ void BM_PaintSmallMap(benchmark::State& state) {
   for (auto _ : state) {
     MapPainter painter_model;
     painter_model.SetModel(model);
-    QPainter painter(&picture);
-    painter_model.Paint(painter, QRectF(0, 0, 800, 600), QGuiApplication::palette());
+    PaintInto(painter_model, picture);
   }
 }
 BENCHMARK(BM_PaintSmallMap)->Unit(benchmark::kMillisecond);
@@ -40,8 +47,7 @@ void BM_PaintFiveThousandStrataNewModel(benchmark::State& state) {
   for (auto _ : state) {
     MapPainter painter_model;
     painter_model.SetModel(model);
-    QPainter painter(&picture);
-    painter_model.Paint(painter, QRectF(0, 0, 800, 600), QGuiApplication::palette());
+    PaintInto(painter_model, picture);
   }
 }
 BENCHMARK(BM_PaintFiveThousandStrataNewModel)->Unit(benchmark::kMillisecond);
@@ -56,15 +62,11 @@ void BM_PaintFiveThousandStrataAfterDensityEdit(benchmark::State& state) {
   MapPainter painter_model;
   QImage picture(800, 600, QImage::Format_ARGB32_Premultiplied);
   painter_model.SetModel(before);
-  {
-    QPainter painter(&picture);
-    painter_model.Paint(painter, QRectF(0, 0, 800, 600), QGuiApplication::palette());
-  }
+  { PaintInto(painter_model, picture); }
   bool flip = false;
   for (auto _ : state) {
     painter_model.SetModel((flip = !flip) ? after : before);
-    QPainter painter(&picture);
-    painter_model.Paint(painter, QRectF(0, 0, 800, 600), QGuiApplication::palette());
+    PaintInto(painter_model, picture);
   }
 }
 BENCHMARK(BM_PaintFiveThousandStrataAfterDensityEdit)->Unit(benchmark::kMillisecond);
@@ -75,11 +77,37 @@ void BM_RepaintFiveThousandStrata(benchmark::State& state) {
   painter_model.SetModel(Model(5000, "100"));
   QImage picture(800, 600, QImage::Format_ARGB32_Premultiplied);
   for (auto _ : state) {
-    QPainter painter(&picture);
-    painter_model.Paint(painter, QRectF(0, 0, 800, 600), QGuiApplication::palette());
+    PaintInto(painter_model, picture);
   }
 }
 BENCHMARK(BM_RepaintFiveThousandStrata)->Unit(benchmark::kMillisecond);
+
+void BM_PanFiveThousandStrata(benchmark::State& state) {
+  MapPainter map;
+  map.SetModel(Model(5000, "100"));
+  QImage picture(800, 600, QImage::Format_ARGB32_Premultiplied);
+  PaintInto(map, picture);
+  map.ZoomAbout(QPointF(400, 300), 4);
+  int step = 0;
+  for (auto _ : state) {
+    map.Pan(QPointF((step++ % 2) == 0 ? 12 : -12, 5));
+    PaintInto(map, picture);
+  }
+}
+BENCHMARK(BM_PanFiveThousandStrata)->Unit(benchmark::kMillisecond);
+
+void BM_ZoomFiveThousandStrata(benchmark::State& state) {
+  MapPainter map;
+  map.SetModel(Model(5000, "100"));
+  QImage picture(800, 600, QImage::Format_ARGB32_Premultiplied);
+  PaintInto(map, picture);
+  int step = 0;
+  for (auto _ : state) {
+    map.ZoomAbout(QPointF(380, 260), (step++ % 2) == 0 ? 1.25 : 0.8);
+    PaintInto(map, picture);
+  }
+}
+BENCHMARK(BM_ZoomFiveThousandStrata)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 }  // namespace zrsimprp
