@@ -108,6 +108,15 @@ std::string StrataLint::Units(const StrataGeometry& geometry) const {
   return geometry.Geographic() ? "degrees" : "map units";
 }
 
+void StrataLint::AddScaleFinding(const char* code, const std::vector<DetectionColumn>& columns,
+                                 const std::string& sentence) {
+  Finding& finding = Add(code, entry_key::kDetFuncParam, "Scale", values_.scale_line, sentence);
+  // The person is taken to the Scale row of the Detectability table, in the columns concerned.
+  finding.place_kind = "parameter";
+  finding.place = "Scale";
+  SetColumnStrata(finding, columns);
+}
+
 Finding& StrataLint::Add(const char* code, const std::string& entry, const std::string& field, int line,
                          const std::string& sentence) {
   Finding finding;
@@ -317,32 +326,25 @@ void StrataLint::CheckDetection() {
   if (!low.empty()) {
     double largest = 0;
     for (const DetectionColumn& column : low) largest = std::max(largest, column.average);
-    Finding& finding =
-        Add(lint_code::kDetectionTooLow, entry_key::kDetFuncParam, "Scale", values_.scale_line,
-            "With " + ParametersPhrase(low, hazard) + " of the " + function + " detection function" +
-                StrataConcerned(low) + " and the design's truncation distance " + distance +
-                ", the average detection probability within the truncation distance is " +
-                (SameParameters(low) ? "" : "at most ") + MapNumber::Text(largest, 2) +
-                ", so almost no animals will be detected; give a larger scale or check the design's "
-                "truncation distance.");
-    finding.place_kind = "parameter";
-    finding.place = "Scale";
-    SetColumnStrata(finding, low);
+    AddScaleFinding(lint_code::kDetectionTooLow, low,
+                    "With " + ParametersPhrase(low, hazard) + " of the " + function + " detection function" +
+                        StrataConcerned(low) + " and the design's truncation distance " + distance +
+                        ", the average detection probability within the truncation distance is " +
+                        (SameParameters(low) ? "" : "at most ") + MapNumber::Text(largest, 2) +
+                        ", so almost no animals will be detected; give a larger scale or check the design's "
+                        "truncation distance.");
   }
   if (!high.empty()) {
     double smallest = 1;
     for (const DetectionColumn& column : high) smallest = std::min(smallest, column.at_truncation);
-    Finding& finding =
-        Add(lint_code::kDetectionTooHigh, entry_key::kDetFuncParam, "Scale", values_.scale_line,
-            "With " + ParametersPhrase(high, hazard) + " of the " + function + " detection function" +
-                StrataConcerned(high) + ", the detection probability at the design's truncation distance " +
-                distance + " is still " + (SameParameters(high) ? "" : "at least ") +
-                MapNumber::Text(smallest, 4) +
-                ", so almost every animal within it is detected; give a smaller scale or check the "
-                "design's truncation distance.");
-    finding.place_kind = "parameter";
-    finding.place = "Scale";
-    SetColumnStrata(finding, high);
+    AddScaleFinding(lint_code::kDetectionTooHigh, high,
+                    "With " + ParametersPhrase(high, hazard) + " of the " + function + " detection function" +
+                        StrataConcerned(high) +
+                        ", the detection probability at the design's truncation distance " + distance +
+                        " is still " + (SameParameters(high) ? "" : "at least ") +
+                        MapNumber::Text(smallest, 4) +
+                        ", so almost every animal within it is detected; give a smaller scale or check the "
+                        "design's truncation distance.");
   }
 }
 

@@ -88,6 +88,9 @@ class StrataLint {
   static std::string ParametersPhrase(const std::vector<DetectionColumn>& columns, bool hazard);
   std::string StrataConcerned(const std::vector<DetectionColumn>& columns);
   void SetColumnStrata(Finding& finding, const std::vector<DetectionColumn>& columns);
+  // A finding on the detection function's Scale row, for the columns concerned.
+  void AddScaleFinding(const char* code, const std::vector<DetectionColumn>& columns,
+                       const std::string& sentence);
   static bool SameParameters(const std::vector<DetectionColumn>& columns);
   static std::vector<std::size_t> ColumnIndices(const std::vector<DetectionColumn>& columns);
 
